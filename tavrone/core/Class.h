@@ -1,0 +1,42 @@
+#pragma once
+
+#include <typeinfo>
+
+#include "tavrone/core/tvstring.h"
+
+namespace tavrone {
+
+// A run-time type record as a value.
+class TAVRONE_API Class {
+ public:
+  explicit Class(std::type_info const &type) : type_(&type) {}
+  explicit Class(std::type_info const *type) : type_(type) {}
+
+  // The record's own name text, which is the platform's; static. Empty without a record or a name.
+  tvstring getName() const;
+  operator tvstring() const { return getName(); }
+
+  bool operator==(Class const &other) const;
+
+ private:
+  std::type_info const *type_;
+};
+
+// Raise ClassCastException for checkedCast: "Cannot cast NULL to <target>" for a null source, otherwise "Cannot cast
+// <source>* to <target>".
+[[noreturn]] TAVRONE_API void throwClassCastException(std::type_info const *source, std::type_info const &target);
+
+// Narrows a pointer to a concrete class, or fails with ClassCastException; never returns null.
+template <class T, class S>
+T *checkedCast(S *source) {
+  if (T *target = dynamic_cast<T *>(source)) return target;
+  throwClassCastException(source == nullptr ? nullptr : &typeid(*source), typeid(T));
+}
+
+template <class T, class S>
+T const *checkedCast(S const *source) {
+  if (T const *target = dynamic_cast<T const *>(source)) return target;
+  throwClassCastException(source == nullptr ? nullptr : &typeid(*source), typeid(T));
+}
+
+}  // namespace tavrone

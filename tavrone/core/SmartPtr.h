@@ -1,0 +1,56 @@
+#pragma once
+
+#include "tavrone/core/Object.h"
+
+namespace tavrone {
+
+// A pointer that holds one reference on any class of the Object tree. Around a plain Object, whose one owner it then is,
+// a SmartPtr must not be copied while both copies live.
+//
+// Assignment releases the old object before it adds the new one: a SmartPtr that holds the only reference and is assigned
+// to itself destroys the object and becomes null. That is meant.
+template <class T>
+class SmartPtr {
+ public:
+  SmartPtr() = default;
+  SmartPtr(T *object) { set(object); }
+  SmartPtr(SmartPtr const &other) { set(other.object_); }
+  ~SmartPtr() noexcept(false) { release(); }
+
+  // Stores and adds a reference; does not release what was held.
+  void set(T *object) {
+    object_ = object;
+    if (object_ != nullptr) object_->addRef();
+  }
+  void reset(T *object) {
+    release();
+    set(object);
+  }
+  SmartPtr &operator=(T *object) {
+    reset(object);
+    return *this;
+  }
+  SmartPtr &operator=(SmartPtr const &other) {  // NOLINT(bugprone-unhandled-self-assignment): see above
+    release();
+    set(other.object_);
+    return *this;
+  }
+  // Drops the reference and leaves the pointer null.
+  void release() {
+    T *old = object_;
+    object_ = nullptr;
+    if (old != nullptr) old->releaseRef();
+  }
+
+  // None of these tests for null.
+  T *get() const { return object_; }
+  T *operator->() const { return object_; }
+  T &operator*() const { return *object_; }
+
+  bool isNull() const { return object_ == nullptr; }
+
+ private:
+  T *object_ = nullptr;
+};
+
+}  // namespace tavrone

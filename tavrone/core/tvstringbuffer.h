@@ -1,0 +1,69 @@
+#pragma once
+
+#include "tavrone/core/tvstring.h"
+
+namespace tavrone {
+
+// The mutable string: appends and edits in place and moves to a larger array when it must. A copy shares the array, and
+// there is no copy-on-write: holders of the old array see in-place changes until growth moves the buffer away.
+// The argument of every operation may lie inside the buffer itself.
+class TAVRONE_API tvstringbuffer : public tvstring {
+ public:
+  tvstringbuffer() = default;
+  tvstringbuffer(char const *text) : tvstring(text) {}
+  tvstringbuffer(char const *text, size_t length) : tvstring(text, length) {}
+  // Copies into a private array; the copy of another buffer shares instead.
+  tvstringbuffer(tvstring const &text) : tvstring(text.data(), text.length()) {}
+  tvstringbuffer(tvstringbuffer const &other) = default;
+  tvstringbuffer(tvstringbuffer &&other) noexcept = default;
+  tvstringbuffer &operator=(tvstringbuffer const &other) = default;
+  tvstringbuffer &operator=(tvstringbuffer &&other) noexcept = default;
+  using tvstring::operator=;
+
+  tvstringbuffer &append(char c) {
+    // Equals ensureFree(1), in line: the writers' most frequent call.
+    if (capacity() < length_ + bufferOffsetInArray() + 2) ensureFree(1);
+    *(getMutableBuffer() + length_++) = c;
+    return *this;
+  }
+  tvstringbuffer &operator+=(char c) { return append(c); }
+  // n times c; nothing for n below 1.
+  tvstringbuffer &append(int n, char c);
+  tvstringbuffer &append(char const *text, size_t n);
+  tvstringbuffer &append(char const *text) { return append(text, std::strlen(text)); }
+  tvstringbuffer &append(tvstring const &text) { return append(text.data(), text.length()); }
+  tvstringbuffer &operator+=(tvstring const &text) { return append(text); }
+
+  tvstringbuffer &insert(size_t pos, char const *text, size_t n);
+  tvstringbuffer &insert(size_t pos, tvstring const &text) { return insert(pos, text.data(), text.length()); }
+  tvstringbuffer &insert(size_t pos, char const *text) { return insert(pos, text, std::strlen(text)); }
+  tvstringbuffer &insert(size_t pos, char c) { return insert(pos, &c, 1); }
+
+  // Removes the smaller of count and what stands from pos on.
+  tvstringbuffer &erase(size_t pos, size_t count);
+
+  tvstringbuffer &replace(size_t pos, size_t count, char const *text, size_t n);
+  tvstringbuffer &replace(size_t pos, size_t count, char const *text) {
+    return replace(pos, count, text, std::strlen(text));
+  }
+  tvstringbuffer &replace(size_t pos, size_t count, tvstring const &text) {
+    return replace(pos, count, text.data(), text.length());
+  }
+
+  // Length 0; the array stays.
+  void clear() { length_ = 0; }
+  // With less than n bytes of capacity, asks for n - capacity bytes beyond the present length; a total of n is not meant.
+  void reserve(size_t n);
+
+  using tvstring::operator[];
+  char &operator[](size_t i) { return getMutableBuffer()[i]; }
+
+ private:
+  void ensureFree(size_t n);
+  // The array's start minus data: zero or negative, 0 without an owner.
+  ptrdiff_t bufferOffset() const { return owner_ == nullptr ? 0 : owner_->getPtr() - data_; }
+  size_t bufferOffsetInArray() const { return static_cast<size_t>(-bufferOffset()); }
+  char *getMutableBuffer() { return const_cast<char *>(data_); }
+};
+
+}  // namespace tavrone
