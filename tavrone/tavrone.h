@@ -9,5 +9,6 @@
 #include "tavrone/core/Object.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/SmartPtr.h"
+#include "tavrone/core/Version.h"
 #include "tavrone/core/tvstring.h"
 #include "tavrone/core/tvstringbuffer.h"

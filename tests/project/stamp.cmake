@@ -1,0 +1,5 @@
+file(STRINGS ${library} stamps REGEX "Implementation-Version=")
+string(REPLACE "." "\\." escaped "${version}")
+if(NOT "${stamps}" MATCHES "(^|;)Implementation-Version=${escaped}(;|$)")
+  message(FATAL_ERROR "${library} carries '${stamps}' instead of Implementation-Version=${version}")
+endif()
