@@ -1,0 +1,62 @@
+#pragma once
+
+#include "tavrone/context/ObjectPtrMap.h"
+#include "tavrone/core/SmartPtr.h"
+
+namespace tavrone {
+
+class IInputFormat;
+
+// The directory of generated components: factories and shared objects bound under names. It is process-wide and without
+// a lock: bind while libraries load, look up afterwards. Its entries live until unbind, rebind or process exit.
+class TAVRONE_API ILookupContext : public virtual ObjectRef {
+ public:
+  virtual Object *lookupComponent(tvstring const &name) = 0;
+  // A new component at each call, made by the ObjectFactory bound under the name. Raises NamingException "Unable to
+  // lookup
+  // '<name>'" for anything else that is or isn't bound there.
+  virtual SmartPtr<IInputFormat> lookupInputFormat(tvstring const &name) = 0;
+  // Adds a reference. A name that is taken raises NamingException "<name> already bound", and `object` is released all
+  // the same: bind takes it over in any case. The very object that is bound there stays as it is.
+  virtual void bind(tvstring const &name, Object *object) = 0;
+  // Binds, and releases what the name was bound to.
+  virtual void rebind(tvstring const &name, Object *object) = 0;
+  // The bound object, borrowed, or null.
+  virtual Object *lookup(tvstring const &name) = 0;
+  // Releases the object, if the name is bound.
+  virtual void unbind(tvstring const &name) = 0;
+};
+
+// A handle on the directory; all of them see the same bindings.
+class TAVRONE_API LookupContextImpl : public ILookupContext {
+ public:
+  LookupContextImpl() = default;
+  LookupContextImpl(LookupContextImpl const &other);
+  LookupContextImpl &operator=(LookupContextImpl const &) = default;
+
+  Object *clone() const override;
+
+  Object *lookupComponent(tvstring const &name) override;
+  SmartPtr<IInputFormat> lookupInputFormat(tvstring const &name) override;
+  void bind(tvstring const &name, Object *object) override;
+  void rebind(tvstring const &name, Object *object) override;
+  Object *lookup(tvstring const &name) override;
+  void unbind(tvstring const &name) override;
+
+ private:
+  static ObjectPtrMap<Object> &getLookupContextList();
+
+  template <class T>
+  SmartPtr<T> lookupService(tvstring const &name);
+};
+
+class TAVRONE_API LookupContextFactory {
+ public:
+  static LookupContextFactory *getLookupContextFactory();
+  // A new handle at each call, so that no count is shared between threads.
+  static SmartPtr<ILookupContext> getLookupContext();
+
+  SmartPtr<ILookupContext> createLookupContext();
+};
+
+}  // namespace tavrone
