@@ -1,20 +1,102 @@
 #pragma once
 
+#include "tavrone/core/MAPM.h"
 #include "tavrone/core/tvstring.h"
 
 namespace tavrone {
 
-struct M_APM_;
+class BigInteger;
 
-// An exact decimal number of any length: one pointer to a counted body, so that a copy costs one increment. Immutable in
-// use. Belongs to one thread at a time.
-class TAVRONE_API MAPM {
- private:
-  M_APM_ *val_;
+// The operations of MAPM whose results are of the number's own class T.
+template <class T>
+class TypedMAPM : public MAPM {
+ public:
+  T operator-() const { return T(MAPM::operator-()); }
+  T operator+(T const &other) const { return T(MAPM::operator+(other)); }
+  T operator-(T const &other) const { return T(MAPM::operator-(other)); }
+  T operator*(T const &other) const { return T(MAPM::operator*(other)); }
+  T &operator++() {
+    MAPM::operator++();
+    return static_cast<T &>(*this);
+  }
+  T operator++(int) { return T(MAPM::operator++(0)); }
+  T abs() const { return T(MAPM::abs()); }
+  T neg() const { return T(MAPM::neg()); }
+  T integer_divide(T const &divisor) const { return T(MAPM::integer_divide(divisor)); }
+  T div(T const &divisor) const { return integer_divide(divisor); }
+  T rem(T const &divisor) const { return T(MAPM::rem(divisor)); }
+  T round(int digits) const { return T(MAPM::round(digits)); }
+  T roundDecimals(int decimals) const { return T(MAPM::roundDecimals(decimals)); }
+  T truncateDecimals(int decimals) const { return T(MAPM::truncateDecimals(decimals)); }
+
+ protected:
+  using MAPM::MAPM;
+  TypedMAPM() = default;
+  TypedMAPM(MAPM &&value) noexcept : MAPM(std::move(value)) {}
 };
 
-class TAVRONE_API BigDecimal : public MAPM {};
+// A decimal value that loses no digit. See MAPM for text, ownership and failures.
+class TAVRONE_API BigDecimal : public TypedMAPM<BigDecimal> {
+ public:
+  BigDecimal() = default;
+  BigDecimal(int value) : TypedMAPM(value) {}
+  BigDecimal(long long value) : TypedMAPM(value) {}
+  // Floating-point values keep 15 significant digits.
+  BigDecimal(float value) : TypedMAPM(static_cast<double>(value)) {}
+  BigDecimal(double value) : TypedMAPM(value) {}
+  BigDecimal(char const *text) : TypedMAPM(text) {}
+  BigDecimal(tvstring const &text) : TypedMAPM(text.data(), text.length()) {}
+  BigDecimal(BigInteger const &value);
 
-class TAVRONE_API BigInteger : public MAPM {};
+  bool operator==(BigDecimal const &other) const { return compare(other) == 0; }
+  bool operator!=(BigDecimal const &other) const { return compare(other) != 0; }
+  bool operator<(BigDecimal const &other) const { return compare(other) < 0; }
+  bool operator<=(BigDecimal const &other) const { return compare(other) <= 0; }
+  bool operator>(BigDecimal const &other) const { return compare(other) > 0; }
+  bool operator>=(BigDecimal const &other) const { return compare(other) >= 0; }
+
+  BigDecimal operator/(BigDecimal const &divisor) const { return divide(divisor); }
+  BigDecimal divide(BigDecimal const &divisor) const { return BigDecimal(MAPM::divide(divisor)); }
+  BigDecimal divide(BigDecimal const &divisor, int digits) const { return BigDecimal(MAPM::divide(divisor, digits)); }
+
+  // Fixed-point with every significant digit, never an exponent: "123.45", "1500", "0".
+  tvstring toString() const;
+  void toString(char *out) const { toFixPtString(out, -1); }
+  using MAPM::toString;
+
+ private:
+  friend class TypedMAPM<BigDecimal>;
+  explicit BigDecimal(MAPM &&value) noexcept : TypedMAPM(std::move(value)) {}
+};
+
+// A whole number of any length: what its constructors are given is cut towards zero.
+class TAVRONE_API BigInteger : public TypedMAPM<BigInteger> {
+ public:
+  BigInteger() = default;
+  BigInteger(int value) : TypedMAPM(value) {}
+  BigInteger(char const *text) : BigInteger(MAPM(text).truncateDecimals(0)) {}
+  BigInteger(tvstring const &text) : BigInteger(BigDecimal(text)) {}
+  explicit BigInteger(BigDecimal const &value) : BigInteger(value.MAPM::truncateDecimals(0)) {}
+
+  bool operator==(BigInteger const &other) const { return compare(other) == 0; }
+  bool operator!=(BigInteger const &other) const { return compare(other) != 0; }
+  bool operator<(BigInteger const &other) const { return compare(other) < 0; }
+  bool operator<=(BigInteger const &other) const { return compare(other) <= 0; }
+  bool operator>(BigInteger const &other) const { return compare(other) > 0; }
+  bool operator>=(BigInteger const &other) const { return compare(other) >= 0; }
+
+  // The whole part of the quotient. divide() is MAPM's and gives the fraction, too.
+  BigInteger operator/(BigInteger const &divisor) const { return integer_divide(divisor); }
+
+  tvstring toString() const;
+  void toString(char *out) const { toFixPtString(out, 0); }
+  using MAPM::toString;
+
+ private:
+  friend class TypedMAPM<BigInteger>;
+  explicit BigInteger(MAPM &&value) noexcept : TypedMAPM(std::move(value)) {}
+};
+
+inline BigDecimal::BigDecimal(BigInteger const &value) : TypedMAPM(MAPM(value)) {}
 
 }  // namespace tavrone
