@@ -15,6 +15,7 @@
 #include "tavrone/core/Conversion.h"
 #include "tavrone/core/DesignerTypes.h"
 #include "tavrone/core/Exceptions.h"
+#include "tavrone/core/Logger.h"
 #include "tavrone/core/MAPM.h"
 #include "tavrone/core/NumberConversion.h"
 #include "tavrone/core/Object.h"

@@ -9,8 +9,8 @@ namespace tavrone {
 // A run-time type record as a value.
 class TAVRONE_API Class {
  public:
-  explicit Class(std::type_info const &type) : type_(&type) {}
-  explicit Class(std::type_info const *type) : type_(type) {}
+  Class(std::type_info const &type) : type_(&type) {}
+  Class(std::type_info const *type) : type_(type) {}
 
   // The record's own name text, which is the platform's; static. Empty without a record or a name.
   tvstring getName() const;

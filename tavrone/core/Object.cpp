@@ -16,8 +16,12 @@ namespace tavrone {
 constinit tvstringliteral const Object::OBJECT_TYPE("Object");
 
 Object::~Object() noexcept(false) = default;
+
 void Object::addRef() {}
-void Object::releaseRef() { delete this; }
+
+void Object::releaseRef() {
+  delete this;
+}
 
 tvstring Object::toString() const {
   char address[2 * sizeof(uint32_t) + 1];
@@ -30,6 +34,7 @@ Object *Object::clone() const {
   raise<Exception>("Clone not implemented in " + Class(typeid(*this)).getName(), "cpp/Object");
 }
 
+// clang-format off
 int Object::getInt() const { unsupportedConversionException(DesignerTypes::INT_TYPE); }
 void Object::setInt(int) { unsupportedConversionException(DesignerTypes::INT_TYPE); }
 long long Object::getLong() const { unsupportedConversionException(DesignerTypes::LONG_TYPE); }
@@ -56,9 +61,15 @@ Binary Object::getBinary() const { unsupportedConversionException(DesignerTypes:
 void Object::setBinary(Binary const &) { unsupportedConversionException(DesignerTypes::BINARY_TYPE); }
 RawMessage const &Object::getRawMessage() const { unsupportedConversionException(DesignerTypes::RAW_MESSAGE_TYPE); }
 void Object::setRawMessage(RawMessage const &) { unsupportedConversionException(DesignerTypes::RAW_MESSAGE_TYPE); }
+// clang-format on
 
-tvstring const &Object::getObjectType() const { return OBJECT_TYPE; }
-void Object::setObject(Object const *other) { unsupportedConversionException(other->getObjectType()); }
+tvstring const &Object::getObjectType() const {
+  return OBJECT_TYPE;
+}
+
+void Object::setObject(Object const *other) {
+  unsupportedConversionException(other->getObjectType());
+}
 
 void Object::unsupportedConversionException(tvstring const &target) const {
   raise<TransformException>("Cannot convert " + getObjectType() + " to " + target, "cpp/Object");
@@ -66,19 +77,29 @@ void Object::unsupportedConversionException(tvstring const &target) const {
 
 ObjectRef::~ObjectRef() noexcept(false) {
   if (references_ != 0 && std::uncaught_exceptions() == 0)
-    raise<TransformException>("Ref count error. Illegal delete for class " + Class(typeid(*this)).getName(),
-                              "cpp/Object", 70);
+    raise<TransformException>(
+        "Ref count error. Illegal delete for class " + Class(type_ != nullptr ? *type_ : typeid(*this)).getName(),
+        "cpp/Object", 70);
 }
-void ObjectRef::addRef() { ++references_; }
+
+void ObjectRef::addRef() {
+  checkThreadOwner();
+  if (references_++ == 0) type_ = &typeid(*this);
+}
+
 void ObjectRef::releaseRef() {
+  checkThreadOwner();
   if (--references_ == 0) delete this;
 }
+
 void ObjectRef::decRef() {
   if (references_ > 0) --references_;
 }
+
 void ObjectRef::addRef(Object *object) {
   if (object != nullptr) object->addRef();
 }
+
 void ObjectRef::releaseRef(Object *object) {
   if (object != nullptr) object->releaseRef();
 }

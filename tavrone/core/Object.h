@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <typeinfo>
 
 #include "tavrone/core/tvstring.h"
 
@@ -79,7 +80,7 @@ class TAVRONE_API Object {
 // constructors, so that a copy starts at 0.
 class TAVRONE_API ObjectRef : public virtual Object {
  public:
-  // Raises TransformException "Ref count error. Illegal delete for class <class>" if references remain, unless another
+  // Raises TransformException "Ref count error. Illegal delete for class <class>" if the count is not 0, unless another
   // failure is already on its way.
   ~ObjectRef() noexcept(false) override;
 
@@ -107,6 +108,8 @@ class TAVRONE_API ObjectRef : public virtual Object {
   void checkThreadOwner() const {}
 
   int32_t references_ = 0;
+  // The class as the first reference found it: in the destructor the run-time type is already this one.
+  std::type_info const *type_ = nullptr;
 };
 
 }  // namespace tavrone

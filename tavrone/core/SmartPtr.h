@@ -4,17 +4,19 @@
 
 namespace tavrone {
 
-// A pointer that holds one reference on any class of the Object tree. Around a plain Object, whose one owner it then is,
-// a SmartPtr must not be copied while both copies live.
+// A pointer that holds one reference on any class of the Object tree. Around a plain Object, whose one owner it then
+// is, a SmartPtr must not be copied while both copies live.
 //
-// Assignment releases the old object before it adds the new one: a SmartPtr that holds the only reference and is assigned
-// to itself destroys the object and becomes null. That is meant.
+// Assignment releases the old object before it adds the new one: a SmartPtr that holds the only reference and is
+// assigned to itself destroys the object and becomes null. That is meant.
 template <class T>
 class SmartPtr {
  public:
   SmartPtr() = default;
   SmartPtr(T *object) { set(object); }
   SmartPtr(SmartPtr const &other) { set(other.object_); }
+  // Takes over the reference, so that a function may return the SmartPtr of a plain Object.
+  SmartPtr(SmartPtr &&other) noexcept : object_(other.object_) { other.object_ = nullptr; }
   ~SmartPtr() noexcept(false) { release(); }
 
   // Stores and adds a reference; does not release what was held.
