@@ -31,6 +31,10 @@ tvstring StringObject::toString() const {
   return value_;
 }
 
+tvstring BinaryObject::toString() const {
+  return value_.toString();
+}
+
 SectionObject::~SectionObject() noexcept(false) {
   if (owns_) delete section_;
 }

@@ -132,7 +132,7 @@ class TAVRONE_API BinaryObject
   using ValueObject::ValueObject;
   tvstring toString() const override;
   Binary getBinary() const override { return value_; }
-  void setBinary(Binary const &value) override;
+  void setBinary(Binary const &value) override { value_ = value; }
 };
 
 // Its text has the pattern "yyyy-MM-ddTHH:mm:ss.SSS".
