@@ -48,7 +48,7 @@ install_needs() {
   if [ "$(id -u)" -ne 0 ]; then as_root=(sudo -n); fi
   if command -v apt-get >/dev/null && "${as_root[@]}" true 2>/dev/null; then
     echo "Installing ${missing[*]}"
-    "${as_root[@]}" apt-get -qq update
+    "${as_root[@]}" apt-get -qq update || true
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq install -y --no-install-recommends "${missing[@]}" \
       </dev/null
     find_missing "$@"

@@ -1,0 +1,6 @@
+file(READ ${readme} text)
+file(READ ${program} code)
+string(FIND "${text}" "\n```cpp\n${code}```\n" at)
+if(at EQUAL -1)
+  message(FATAL_ERROR "${readme} shows another program than ${program}")
+endif()
