@@ -13,6 +13,8 @@
 #include "tavrone/core/ByteBuffer.h"
 #include "tavrone/core/Class.h"
 #include "tavrone/core/Conversion.h"
+#include "tavrone/core/DateStr.h"
+#include "tavrone/core/DateTime.h"
 #include "tavrone/core/DesignerTypes.h"
 #include "tavrone/core/Exceptions.h"
 #include "tavrone/core/Logger.h"

@@ -13,34 +13,42 @@ struct TimeDefs {
   static constexpr int SECONDS_IN_WEEK = 604800;
 };
 
-// A duration, or a date as whole days since the start of the Julian day count. Never negative: see operator-.
+// A duration, or a date as whole days since the start of the Julian day count. A negative count comes only from a
+// caller's own seconds: the form of five fields and the differences never give one. Sums past 64 bits stop at the
+// limit.
 class TAVRONE_API TimeSpan {
  public:
-  TimeSpan() = default;
-  TimeSpan(long long seconds) : TimeSpan(seconds, 0) {}
-  TimeSpan(long long seconds, int milliseconds) : seconds_(seconds), milliseconds_(milliseconds) {}
-  // Sums the absolute values of the first four.
+  constexpr TimeSpan() = default;
+  constexpr TimeSpan(long long seconds) : TimeSpan(seconds, 0) {}
+  constexpr TimeSpan(long long seconds, int milliseconds) : seconds_(seconds), milliseconds_(milliseconds) {}
+  // Sums the absolute values of the first four; the milliseconds are kept as they are.
   TimeSpan(int days, int hours, int minutes, int seconds, int milliseconds);
 
   // Whole days of the span; then what remains of the larger unit.
-  long long days() const;
-  int hours() const;
-  int minutes() const;
-  int seconds() const;
+  long long days() const { return seconds_ / TimeDefs::SECONDS_IN_DAY; }
+  int hours() const { return static_cast<int>(seconds_ % TimeDefs::SECONDS_IN_DAY) / TimeDefs::SECONDS_IN_HOUR; }
+  int minutes() const { return static_cast<int>(seconds_ % TimeDefs::SECONDS_IN_HOUR) / TimeDefs::SECONDS_IN_MINUTE; }
+  int seconds() const { return static_cast<int>(seconds_ % TimeDefs::SECONDS_IN_MINUTE); }
   long long getTotalSeconds() const { return seconds_; }
   int getMilliseconds() const { return milliseconds_; }
 
-  bool operator==(TimeSpan const &other) const;
-  bool operator!=(TimeSpan const &other) const;
-  bool operator<(TimeSpan const &other) const;
-  bool operator<=(TimeSpan const &other) const;
-  bool operator>(TimeSpan const &other) const;
-  bool operator>=(TimeSpan const &other) const;
+  // The seconds first, then the milliseconds.
+  bool operator==(TimeSpan const &other) const {
+    return seconds_ == other.seconds_ && milliseconds_ == other.milliseconds_;
+  }
+  bool operator!=(TimeSpan const &other) const { return !(*this == other); }
+  bool operator<(TimeSpan const &other) const {
+    return seconds_ != other.seconds_ ? seconds_ < other.seconds_ : milliseconds_ < other.milliseconds_;
+  }
+  bool operator<=(TimeSpan const &other) const { return !(other < *this); }
+  bool operator>(TimeSpan const &other) const { return other < *this; }
+  bool operator>=(TimeSpan const &other) const { return !(*this < other); }
 
   TimeSpan(TimeSpan const &) = default;
   TimeSpan &operator=(TimeSpan const &) = default;
   // Sets the seconds and clears the milliseconds.
   TimeSpan &operator=(int seconds);
+  // Milliseconds above 999 carry into the seconds.
   TimeSpan &operator+=(TimeSpan const &other);
   // The absolute difference of the seconds; milliseconds that fall below zero are raised by 1000 and add a second
   // instead of taking one. Callers depend on both.
@@ -53,6 +61,7 @@ class TAVRONE_API TimeSpan {
 
  private:
   void assertRange();
+  void setMilliseconds(long long milliseconds);
 
   long long seconds_ = 0;
   int milliseconds_ = 0;
@@ -79,23 +88,32 @@ class TAVRONE_API Date {
   bool operator>(Date const &other) const { return compare(other) > 0; }
   bool operator>=(Date const &other) const { return compare(other) >= 0; }
 
-  bool isValid() const;
+  bool isValid() const { return isValidDate(year_, month_, date_); }
   int dayOfWeek() const;  // 1 is Sunday, 7 Saturday
   TimeSpan getTimeSpan() const;
   tvstring toString() const;  // "%04d-%02d-%02d"
 
   static Date now();
-  // The Julian day count of a date, as a span; the ten days dropped in October 1582 all pack to day 2299161.
+  // The Julian day count of a date, as a span; the ten days dropped in October 1582 all pack to day 2299161. Any int is
+  // taken; a day count past an int is its lowest value, whose absolute value the span has.
   static TimeSpan pack(int year, int month, int date);
+  // The reverse, for whole days of the span. A year past an int is its lowest value.
   static void unpack(TimeSpan const &span, int &year, int &month, int &date);
-  static int daysInMonth(int year, int month);  // 21 for October 1582
-  static bool isDayInMonth(int year, int month, int date);
-  static bool isValidDate(int year, int month, int date);
+  // 21 for October 1582; 0 for a month outside 1 to 12.
+  static int daysInMonth(int year, int month);
+  // Days 1 to 27 are in every month, also in the short October of 1582: callers depend on it.
+  static bool isDayInMonth(int year, int month, int date) {
+    return date >= 1 && (date < 28 || date <= daysInMonth(year, month));
+  }
+  static bool isValidDate(int year, int month, int date) {
+    return isValidYear(year) && isValidMonth(month) && isDayInMonth(year, month, date);
+  }
 
  private:
-  static bool isValidYear(int year);
-  static bool isValidMonth(int month);
-  static bool isLeapYear(int year);
+  static bool isValidYear(int year) { return year >= -4712 && year <= 32767; }
+  static bool isValidMonth(int month) { return month >= 1 && month <= 12; }
+  // By the Julian rule before 1583, by the Gregorian from then on.
+  static bool isLeapYear(int year) { return year % 4 == 0 && (year < 1583 || year % 100 != 0 || year % 400 == 0); }
 
   int year_ = 0;
   int month_ = 1;
@@ -123,16 +141,19 @@ class TAVRONE_API Time {
   bool operator>(Time const &other) const { return compare(other) > 0; }
   bool operator>=(Time const &other) const { return compare(other) >= 0; }
 
-  bool isValid() const;
+  bool isValid() const { return isValidTime(hours_, minutes_, seconds_, milliseconds_); }
+  // The fields by their absolute values, but for the milliseconds.
   TimeSpan getTimeSpan() const;
   tvstring toString() const;  // "%02d:%02d:%02d.%03d"
 
  private:
-  static bool isValidHour(int hour);
-  static bool isValidMinute(int minute);
-  static bool isValidSecond(int second);
-  static bool isValidMilliSecond(int millisecond);
-  static bool isValidTime(int hours, int minutes, int seconds, int milliseconds);
+  static bool isValidHour(int hour) { return hour >= 0 && hour <= 23; }
+  static bool isValidMinute(int minute) { return minute >= 0 && minute <= 59; }
+  static bool isValidSecond(int second) { return second >= 0 && second <= 59; }
+  static bool isValidMilliSecond(int millisecond) { return millisecond >= 0 && millisecond <= 999; }
+  static bool isValidTime(int hours, int minutes, int seconds, int milliseconds) {
+    return isValidHour(hours) && isValidMinute(minutes) && isValidSecond(seconds) && isValidMilliSecond(milliseconds);
+  }
 
   int hours_ = 0;
   int minutes_ = 0;
@@ -177,19 +198,25 @@ class TAVRONE_API DateTime {
   // Raises TransformRuntimeException "Illegal date <date>" or "Illegal time <time>"; the date is tested first.
   void validate() const;
 
-  // Text by a pattern of DateStr; a negative year is written by its absolute value.
+  // Text by a pattern of DateStr, cut at 255 bytes; a negative year is written by its absolute value. Raises
+  // TransformRuntimeException "Illegal date <date>" where the pattern asks for the name of a month that does not exist.
   tvstring toString(tvstring const &pattern) const;
-  // Cut at size - 1 bytes and terminated.
-  void asString(char *buffer, size_t size, char const *pattern) const;
-  // Milliseconds since 1970-01-01 00:00:00, no zone applied.
+  // The same into the caller's buffer, cut at size - 1 bytes and terminated. Returns the length; allocates nothing.
+  size_t asString(char *buffer, size_t size, char const *pattern) const;
+  size_t asString(char *buffer, size_t size, tvstring const &pattern) const;
+  // Milliseconds since 1970-01-01 00:00:00, no zone applied; before it, the absolute value, with the peculiarities of
+  // TimeSpan's difference.
   long long toTimestamp() const;
 
   // The local clock, and local midnight.
   static DateTime now();
   static DateTime today();
-  // What the pattern does not name is taken from 1970-01-01 00:00:00.000; the result is validated.
+  // What the pattern does not name is taken from 1970-01-01 00:00:00.000; the result is validated. Raises
+  // TransformRuntimeException with the words of DateStr::parse or of validate.
   static DateTime fromString(char const *text, char const *pattern);
-  // The reverse of toTimestamp; a negative argument is taken by its absolute value from the epoch down.
+  static DateTime fromString(tvstring const &text, tvstring const &pattern);
+  // The reverse of toTimestamp; a negative argument's absolute value is subtracted from 1970, with the peculiarities of
+  // TimeSpan's difference: -1 gives 00:00:01.999.
   static DateTime fromTimestamp(long long milliseconds);
 
  private:
@@ -210,8 +237,8 @@ class TAVRONE_API ISODateTime : public DateTime {
 
   int getTimeZoneOffset() const { return timeZoneOffset_; }
 
-  // The process's local offset in minutes, worked out once. Wrong by a month's days at a month boundary, which is meant:
-  // the day difference is taken from the day of the month alone.
+  // The process's local offset in minutes, worked out once; one minute west (-1) is worked out at each call. Wrong by a
+  // month's days at a month boundary, which is meant: the day difference is taken from the day of the month alone.
   static int getLocalTimeZoneOffset();
 
  private:

@@ -1,0 +1,182 @@
+#include "tavrone/core/DateStr.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <random>
+#include <string>
+#include <tuple>
+
+#include "tavrone/core/DateTime.h"
+#include "tavrone/core/Exceptions.h"
+
+namespace tavrone {
+namespace {
+
+using Text = std::string;
+
+Text text(tvstring const &value) {
+  return {value.data(), value.length()};
+}
+
+// What `run` gives, or the failure's text.
+template <class Run>
+Text orFailure(Run run, char const *source = "cpp/date/DateStr") {
+  try {
+    return run();
+  } catch (TransformRuntimeException const &failure) {
+    EXPECT_EQ(text(failure.getTrace().getFileName()), source);
+    return text(failure.getMessage());
+  }
+}
+
+Text read(Text const &value, Text const &pattern, char const *source = "cpp/date/DateStr") {
+  return orFailure(
+      [&] { return text(DateTime::fromString(value.c_str(), pattern.c_str()).toString("yyyy-MM-ddTHH:mm:ss.SSS")); },
+      source);
+}
+
+TEST(DateStr, FormatsEveryRun) {
+  DateTime const value(2009, 5, 7, 3, 59, 8, 6);
+  struct {
+    DateTime value;
+    char const *pattern, *result;
+  } const cases[] = {
+      {value, "", ""},
+      {value, "H HH HHH d dd ddd m mm mmm s ss sss", "03 03 03 07 07 07 59 59 59 08 08 08"},
+      {value, "S SS SSS SSSS", "006 006 006 006"},
+      {value, "M MM MMM MMMM MMMMM", "05 05 May May May"},
+      {value, "y yy yyy yyyy yyyyy", "09 09 09 2009 09"},
+      {value, "'quoted' D h E-- T", "'quote07' D h E-- T"},
+      {{2002, 1, 25, 0, 0, 0, 0}, "MMM dd, yyyy", "Jan 25, 2002"},
+      {{2002, 12, 25, 0, 0, 0, 0}, "MMM MMMM", "Dec December"},
+      {{21, 1, 1, 0, 0, 0, 0}, "yyyy yy", "0021 21"},
+      {{12345, 1, 1, 0, 0, 0, 0}, "yyyy yy", "12345 45"},
+      {{-44, 3, 15, 0, 0, 0, 0}, "yyyy yy", "0044 44"},
+      {{1979, 1, 1, 0, 0, 0, 0}, "yyyy", "1979"},
+      {{1980, 1, 1, 0, 0, 0, 0}, "yyyy", "1980"},
+      {{2029, 1, 1, 0, 0, 0, 0}, "yyyy", "2029"},
+      {{2030, 1, 1, 0, 0, 0, 0}, "yyyy", "2030"},
+      {{2099, 99, 60, 100, -1, 0, 1234}, "yy MM dd H m S", "99 99 60 100 -1 1234"},
+      {{INT_MIN, INT_MIN, INT_MIN, 0, 0, 0, -1}, "yyyy MM dd S", "2147483648 -2147483648 -2147483648 -01"},
+      {{2001, 13, 1, 0, 0, 0, 0}, "MMM", "Illegal date 2001-13-01"},
+      {{-5, 0, 1, 0, 0, 0, 0}, "MMMM", "Illegal date -005-00-01"},
+  };
+  for (auto const &c : cases) {
+    EXPECT_EQ(orFailure([&] { return text(c.value.toString(c.pattern)); }), c.result) << c.pattern;
+  }
+}
+
+TEST(DateStr, CutsAndTerminates) {
+  DateTime const value(2001, 2, 3, 4, 5, 6, 7);
+  for (char const *pattern : {"yyyy-MM-ddTHH:mm:ss", "yyyy-MM-dd..........", "yyyyMMMMdd"}) {
+    Text const whole = text(value.toString(pattern));
+    for (size_t size = 0; size <= whole.size() + 2; ++size) {
+      Text buffer(whole.size() + 4, '#');
+      size_t const length = size == 0 ? 0 : std::min(size - 1, whole.size());
+      Text expected(buffer);
+      if (size > 0) expected.replace(0, length + 1, whole.substr(0, length) + '\0');
+      EXPECT_EQ(value.asString(buffer.data(), size, pattern), length);
+      EXPECT_EQ(buffer, expected);
+    }
+  }
+  EXPECT_EQ(value.toString(tvstring(300, '-')).length(), 255u);
+  EXPECT_EQ(value.toString(tvstring("yyyy\0dd", 7)), tvstring("2001\00003", 7));
+}
+
+TEST(DateStr, ReadsByThePattern) {
+  struct {
+    char const *text, *pattern, *result;
+  } const cases[] = {
+      {"20010203", "yyyyMMdd", "2001-02-03T00:00:00.000"},
+      {"20010203-04:05:06.789", "yyyyMMdd-HH:mm:ss.SSS", "2001-02-03T04:05:06.789"},
+      {"23:59:58", "HH:mm:ss", "1970-01-01T23:59:58.000"},
+      {"", "", "1970-01-01T00:00:00.000"},
+      {"69", "yy", "2069-01-01T00:00:00.000"},
+      {"70", "yy", "1970-01-01T00:00:00.000"},
+      {"2001", "yyyyy", "2001-01-01T00:00:00.000"},
+      {"jan 25, 2002", "MMM dd, yyyy", "2002-01-25T00:00:00.000"},
+      {"sEPTEMBER 25", "MMMM dd", "1970-09-25T00:00:00.000"},
+      {"Mayx", "MMMMx", "1970-05-01T00:00:00.000"},
+      {"789", "S", "1970-01-01T00:00:00.789"},
+      {"7:", "SS", "1970-01-01T00:00:00.007"},
+      {"1x:5", "HH:mm", "1970-01-01T01:05:00.000"},
+      {"01", "ddHHmmss", "1970-01-01T00:00:00.000"},
+
+      {"1", "y", "Illegal year pattern in 'y'. At least 2 y's expected."},
+      {"1", "dd yyy", "Error parsing date string, expected pattern 'dd yyy' found ''"},
+      {"101", "yyydd", "Illegal year pattern in 'yyydd'. Only patterns 'yy' and 'yyyy' are supported."},
+      {"1", "M", "Illegal month pattern in 'M'. At least 2 M's expected."},
+      {"1", "d", "Illegal date pattern in 'd'. Only pattern 'dd' is supported."},
+      {"1", "ddd", "Illegal date pattern in 'ddd'. Only pattern 'dd' is supported."},
+      {"1", "H", "Illegal hour pattern in 'H'. Only pattern 'HH' is supported."},
+      {"1", "m", "Illegal minute pattern in 'm'. Only pattern 'mm' is supported."},
+      {"1", "sss", "Illegal seconds pattern in 'sss'. Only pattern 'ss' is supported."},
+      {"1", "SSSS", "Illegal milli-seconds pattern in 'SSSS'. Only pattern 'SSS' is supported."},
+      {"25-jam", "dd-MMM", "Error parsing month part of date string, expected pattern 'dd-MMM' found '25-jam'"},
+      {"25-ja", "dd-MMM", "Error parsing month part of date string, expected pattern 'dd-MMM' found '25-ja'"},
+      {"Sept", "MMMM", "Error parsing month part of date string, expected pattern 'MMMM' found 'Sept'"},
+      {"x", "ddMMM", "Error parsing month part of date string, expected pattern 'ddMMM' found 'x'"},
+      {"2001/02", "yyyy-MM", "Error parsing date string, expected pattern 'yyyy-MM' found '/02'"},
+      {"1", "HH:mm", "Error parsing date string, expected pattern 'HH:mm' found ''"},
+      {"20010203x", "yyyyMMdd",
+       "Additional characters at the end of date string, expected pattern 'yyyyMMdd' found 'x'"},
+  };
+  for (auto const &c : cases) EXPECT_EQ(read(c.text, c.pattern), c.result) << c.pattern;
+
+  EXPECT_EQ(read("2001", "yyyyMMdd", "cpp/date/DateTime"), "Illegal date 2001-00-00");
+  EXPECT_EQ(read("24:00:00", "HH:mm:ss", "cpp/date/DateTime"), "Illegal time 24:00:00.000");
+  EXPECT_EQ(read("99999999", "yyyyMMdd", "cpp/date/DateTime"), "Illegal date 9999-99-99");
+}
+
+TEST(DateStr, ReadsViewsWithoutATerminator) {
+  tvstring const line("1120010203445");
+  tvstring const patterns("xxyyyyMMddxx");
+  DateTime const value = DateTime::fromString(line.substr(2, 8), patterns.substr(2, 8));
+  EXPECT_TRUE(value == DateTime(2001, 2, 3, 0, 0, 0, 0));
+  EXPECT_EQ(text(value.toString(patterns.substr(2, 6))), "200102");
+}
+
+// The shortcuts of the common patterns against the machine for any pattern, over texts and values with flaws.
+TEST(DateStr, ShortcutsChangeNothing) {
+  std::mt19937 random(1);
+  auto const below = [&](unsigned n) { return static_cast<int>(random() % n); };
+  for (Text const pattern : {"yyyyMMdd", "yyyyMMdd-HH:mm:ss", "yyyyMMdd-HH:mm:ss.SSS", "HH:mm:ss", "HH:mm:ss.SSS",
+                             "yyyy-MM-dd", "yyyy-MM-ddTHH:mm:ss", "yyyy-MM-ddTHH:mm:ss.SSS"}) {
+    for (int round = 0; round < 2000; ++round) {
+      BrokenDownTime const time{below(1100), below(70) - 5, below(70) - 5,     below(30) - 3,
+                                below(64),   below(70) - 5, below(11000) - 500};
+      size_t const size = round % 2 == 0 ? 64 : static_cast<size_t>(below(30));
+      auto const format = [&](auto machine) {
+        Text out(64, '#');
+        out.resize(machine(out.data(), size, pattern.data(), pattern.size(), time) + 1);
+        return out;
+      };
+      Text value = format(DateStr::formatAnyPattern);
+      EXPECT_EQ(format(DateStr::format), value) << pattern;
+
+      value.pop_back();
+      for (int flaws = below(3); flaws > 0 && !value.empty(); --flaws) {
+        size_t const at = static_cast<size_t>(below(static_cast<unsigned>(value.size())));
+        if (below(3) == 0)
+          value.resize(at);
+        else
+          value[at] = "09:/- \xff"[below(7)];
+      }
+      auto const parse = [&](auto machine) {
+        BrokenDownTime result{1, 2, 3, 4, 5, 6, 7};
+        Text const failure = orFailure([&] {
+          machine(value.data(), value.size(), pattern.data(), pattern.size(), result);
+          return Text();
+        });
+        return failure + testing::PrintToString(std::tie(result.millisecond, result.second, result.minute, result.hour,
+                                                         result.dayOfMonth, result.month, result.year));
+      };
+      EXPECT_EQ(parse(DateStr::parse), parse(DateStr::parseAnyPattern)) << pattern << ' ' << value;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tavrone
