@@ -6,6 +6,16 @@
 
 namespace tavrone {
 
+namespace {
+
+tvstring dateText(DateTime const &value) {
+  char text[256];
+  value.asString(text, sizeof text, "yyyy-MM-ddTHH:mm:ss.SSS");
+  return tvstring(text);
+}
+
+}  // namespace
+
 WrapperObject::~WrapperObject() noexcept(false) = default;
 NumberObject::~NumberObject() noexcept(false) = default;
 
@@ -33,6 +43,13 @@ tvstring StringObject::toString() const {
 
 tvstring BinaryObject::toString() const {
   return value_.toString();
+}
+
+tvstring DateObject::toString() const {
+  return dateText(value_);
+}
+tvstring ISODateObject::toString() const {
+  return dateText(value_);
 }
 
 SectionObject::~SectionObject() noexcept(false) {

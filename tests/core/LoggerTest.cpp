@@ -1,0 +1,131 @@
+#include "tavrone/core/Logger.h"
+
+#include <gmock/gmock.h>
+
+namespace tavrone {
+namespace {
+
+using std::string_literals::operator""s;
+using testing::ElementsAre;
+
+std::string printed(Logger const &log, void (*write)(Logger const &)) {
+  testing::internal::CaptureStdout();
+  write(log);
+  return testing::internal::GetCapturedStdout();
+}
+
+void writeAll(Logger const &log) {
+  log.error("e");
+  log.warn("w");
+  log.info("i");
+  log.debug("d");
+  log.error(tvstring("E"));
+  log.warn(tvstring("W"));
+  log.info(tvstring("I"));
+  log.debug(tvstring("D"));
+}
+
+TEST(Logger, WritesWhatItsLevelAllows) {
+  struct {
+    int level;
+    char const *lines;
+  } const cases[] = {{0, ""},
+                     {1, "[ERROR] e\n[ERROR] E\n"},
+                     {2, "[ERROR] e\n[WARN] w\n[ERROR] E\n[WARN] W\n"},
+                     {4, "[ERROR] e\n[WARN] w\n[INFO] i\n[ERROR] E\n[WARN] W\n[INFO] I\n"},
+                     {5,
+                      "[ERROR] e\n[WARN] w\n[INFO] i\n[DEBUG] d\n"
+                      "[ERROR] E\n[WARN] W\n[INFO] I\n[DEBUG] D\n"}};
+  for (auto const &c : cases) {
+    Logger const log(new SimpleLogger("x", nullptr, T_LOG_LEVEL(c.level)));
+    EXPECT_EQ(printed(log, writeAll), c.lines) << c.level;
+  }
+}
+
+TEST(Logger, WritesTheTextByteForByte) {
+  Logger const log(new SimpleLogger("x", nullptr, LOG_LEVEL_INFO));
+  EXPECT_EQ(printed(log,
+                    [](Logger const &to) {
+                      to.info("100%s %n");
+                      to.info(tvstring("a\0b", 3));
+                      to.info(tvstring("12345").substr(1, 2));
+                      to.info(static_cast<char const *>(nullptr));
+                    }),
+            "[INFO] 100%s %n\n[INFO] a\0b\n[INFO] 23\n[INFO] \n"s);
+}
+
+TEST(Logger, WithoutALoggerDoesNothing) {
+  Logger const log;
+  log.setLogLevel(LOG_LEVEL_DEBUG);
+  EXPECT_EQ(printed(log, writeAll), "");
+  EXPECT_FALSE(log.isLevelEnabled(LOG_LEVEL_ERROR));
+  EXPECT_EQ(log.getCategoryName(), "");
+}
+
+TEST(Logger, AssignedToItselfKeepsItsLogger) {
+  Logger log(new SimpleLogger("only"));
+  auto &alias = log;
+  log = alias;
+  EXPECT_EQ(log.getCategoryName(), "only");
+}
+
+TEST(SimpleLogger, TakesTheFirstLevelUpItsParents) {
+  SimpleLogger root("", nullptr, LOG_LEVEL_WARN);
+  SimpleLogger middle("a", &root);
+  SimpleLogger leaf("b", &middle);
+  auto const levels = [&] {
+    std::vector<bool> enabled;
+    for (int level : {1, 2, 3, 5}) enabled.push_back(leaf.isLevelEnabled(T_LOG_LEVEL(level)));
+    return enabled;
+  };
+  EXPECT_THAT(levels(), ElementsAre(true, true, false, false));
+  middle.setLogLevel(LOG_LEVEL_DEBUG);
+  EXPECT_THAT(levels(), ElementsAre(true, true, true, true));
+  leaf.setLogLevel(LOG_LEVEL_ERROR);
+  EXPECT_THAT(levels(), ElementsAre(true, false, false, false));
+  EXPECT_FALSE(SimpleLogger("alone").isLevelEnabled(LOG_LEVEL_ERROR));
+}
+
+TEST(LogFactory, KeepsOneLoggerForEachCategory) {
+  auto *const root = SimpleLogger::getLogger(nullptr, "");
+  auto *const a = SimpleLogger::getLogger(root, "factory");
+  auto *const leaf = SimpleLogger::getLogger(SimpleLogger::getLogger(a, ""), "b");  // empty segments count
+  EXPECT_EQ(LogFactory::getLog("factory..b").getCategoryName(), "b");
+  EXPECT_EQ(SimpleLogger::getLogger(SimpleLogger::getLogger(a, ""), "b"), leaf);
+
+  EXPECT_EQ(LogFactory::getRoot().getCategoryName(), "");
+  EXPECT_TRUE(LogFactory::getLog("").isLevelEnabled(LOG_LEVEL_INFO));
+  LogFactory::getLog("").setLogLevel(LOG_LEVEL_DEBUG);
+  EXPECT_TRUE(LogFactory::getRoot().isLevelEnabled(LOG_LEVEL_DEBUG));
+  EXPECT_TRUE(LogFactory::getLog("another.one").isLevelEnabled(LOG_LEVEL_DEBUG));
+  EXPECT_FALSE(leaf->isLevelEnabled(LOG_LEVEL_DEBUG));  // the empty segment has the level info of its own
+  LogFactory::getRoot().setLogLevel(LOG_LEVEL_INFO);
+  EXPECT_FALSE(LogFactory::getLog("another.one").isLevelEnabled(LOG_LEVEL_DEBUG));
+}
+
+TEST(LogFactory, KeepsNamesOfItsOwn) {
+  char text[] = "transient.name";
+  LogFactory::getLog(tvstring().static_string(text)).setLogLevel(LOG_LEVEL_ERROR);
+  text[0] = 'X';
+  EXPECT_FALSE(LogFactory::getLog("transient.name").isLevelEnabled(LOG_LEVEL_INFO));
+  EXPECT_TRUE(LogFactory::getLog("Xransient.name").isLevelEnabled(LOG_LEVEL_INFO));
+}
+
+TEST(LoggingConstants, NameTheLibrarysCategories) {
+  LoggingConstants::getRuntimeLog().setLogLevel(LOG_LEVEL_DEBUG);
+  struct {
+    Logger log;
+    char const *category;
+  } const cases[] = {{LoggingConstants::getMessageFlowLog("F1"), "tavrone.runtime.messageflow.F1"},
+                     {LoggingConstants::getMessageLog("M1"), "tavrone.runtime.message.M1"},
+                     {LoggingConstants::getMappingLog("P1"), "tavrone.runtime.mapping.P1"}};
+  for (auto const &c : cases) {
+    EXPECT_TRUE(c.log.isLevelEnabled(LOG_LEVEL_DEBUG)) << c.category;
+    c.log.setLogLevel(LOG_LEVEL_WARN);
+    EXPECT_FALSE(LogFactory::getLog(c.category).isLevelEnabled(LOG_LEVEL_INFO));
+  }
+  LogFactory::getLog("tavrone.runtime").setLogLevel(LOG_LEVEL_UNSET);
+}
+
+}  // namespace
+}  // namespace tavrone
