@@ -1,0 +1,147 @@
+#include "tavrone/core/ResourceBundle.h"
+
+#include "tavrone/core/Catalogues.h"
+#include "tavrone/core/InternedText.h"
+#include "tavrone/core/ObjectList.h"
+#include "tavrone/core/Raise.h"
+#include "tavrone/core/Wrappers.h"
+#include "tavrone/core/tvstringbuffer.h"
+
+namespace tavrone {
+
+ResourceBundle::~ResourceBundle() noexcept(false) = default;
+tvstring ResourceBundle::getProperty(char const *key) const {
+  return getProperty(tvstringliteral(key));
+}
+
+PropertyResourceBundle::~PropertyResourceBundle() noexcept(false) = default;
+
+tvstring PropertyResourceBundle::getProperty(tvstring const &key) const {
+  auto const found = properties_.find(key);
+  return found == properties_.end() ? tvstring() : found->second;
+}
+
+void PropertyResourceBundle::addProperty(char const *key, char const *value) {
+  properties_.try_emplace(internText(tvstringliteral(key)), internText(tvstringliteral(value)));
+}
+void PropertyResourceBundle::addProperty(tvstringliteral const &key, tvstringliteral const &value) {
+  properties_.try_emplace(key, value);
+}
+
+void Resources::addResourceBundle(tvstring const &name, ResourceBundle const &bundle) {
+  bundles_.try_emplace(internText(name), &bundle);
+}
+
+ResourceBundle const *Resources::getBundle(tvstring const &name) const {
+  auto const found = bundles_.find(name);
+  return found == bundles_.end() ? nullptr : found->second;
+}
+
+Resources &Resources::getDefaultResources() {
+  // Never destroyed: failures are still raised while the process ends.
+  static Resources &resources = [&]() -> Resources & {
+    auto &made = *new Resources;
+    registerCatalogues(made);
+    return made;
+  }();
+  return resources;
+}
+
+tvstring Resources::getProperty(char const *bundleName, char const *key) {
+  ResourceBundle const *bundle = getDefaultResources().getBundle(tvstringliteral(bundleName));
+  return bundle == nullptr ? tvstring() : bundle->getProperty(key);
+}
+
+tvstring Resources::getProperty(tvstring const &key) {
+  for (auto const &[name, bundle] : getDefaultResources().bundles_) {
+    tvstring value = bundle->getProperty(key);
+    if (!value.empty()) return value;
+  }
+  return tvstring();
+}
+tvstring Resources::getProperty(char const *key) {
+  return getProperty(tvstringliteral(key));
+}
+
+namespace {
+
+// What t_atoi makes of [begin, end), or -1 where it fails: a failure thrown for each useless brace would cost more than
+// all the rest.
+int placeholderIndex(char const *begin, char const *end) {
+  if (begin == end) return -1;
+  bool const negative = *begin == '-';
+  if (negative || *begin == '+') ++begin;
+  unsigned value = 0;
+  for (; begin != end; ++begin) {
+    unsigned const digit = static_cast<unsigned char>(*begin) - static_cast<unsigned>('0');
+    if (digit > 9 || static_cast<int>(value) > 0) return -1;
+    value = value * 10 - digit;
+  }
+  return static_cast<int>(negative ? value : 0 - value);
+}
+
+// The first closing brace at or after a position, which only moves forward: braces are looked for once, however many
+// stay open.
+class ClosingBrace {
+ public:
+  ClosingBrace(char const *text, char const *end) : at_(text), end_(end) {}
+  // Null if there is none.
+  char const *from(char const *position) {
+    if (at_ == nullptr || (found_ && at_ >= position)) return at_;
+    at_ = static_cast<char const *>(std::memchr(position, '}', static_cast<size_t>(end_ - position)));
+    found_ = true;
+    return at_;
+  }
+
+ private:
+  char const *at_;
+  char const *end_;
+  bool found_ = false;
+};
+
+}  // namespace
+
+tvstring formatMessage(tvstring const &pattern, ObjectList const &args) {
+  constexpr size_t ROOM_FOR_ARGUMENTS = 64;
+  tvstringbuffer out;
+  out.reserve(pattern.length() + ROOM_FOR_ARGUMENTS);
+
+  char const *const end = pattern.data() + pattern.length();
+  char const *pending = pattern.data();  // literal text from here to `at` is still to be copied
+  ClosingBrace closing(pending, end);
+  auto copyTo = [&](char const *to) { out.append(pending, static_cast<size_t>(to - pending)); };
+
+  for (char const *at = pending; at != end;) {
+    if (*at == '{') {
+      char const *close = closing.from(at);
+      int const index = close == nullptr ? -1 : placeholderIndex(at + 1, close);
+      if (index >= 0 && index < args.size()) {
+        copyTo(at);
+        if (Object const *argument = args[index]) out.append(argument->toString());
+        pending = close + 1;
+        at = pending;
+        continue;
+      }
+    } else if (*at == '\'' && end - at > 1 && at[1] == '\'') {
+      copyTo(at + 1);
+      pending = at + 2;
+      at = pending;
+      continue;
+    }
+    ++at;
+  }
+  copyTo(end);
+  return out;
+}
+
+tvstring catalogueMessage(char const *key, ObjectList const &arguments) {
+  return formatMessage(Resources::getProperty(tvstringliteral(key) + ".message"), arguments);
+}
+
+tvstring catalogueMessage(char const *key, tvstring const &argument) {
+  ObjectList arguments;
+  arguments.add(new StringObject(argument));
+  return catalogueMessage(key, arguments);
+}
+
+}  // namespace tavrone
