@@ -1,0 +1,92 @@
+#include "tavrone/routing/MessageRouter.h"
+
+#include <utility>
+
+#include "tavrone/core/Raise.h"
+#include "tavrone/routing/HeaderFields.h"
+#include "tavrone/routing/OwnedPointers.h"
+
+namespace tavrone {
+
+namespace {
+
+constexpr char SOURCE[] = "cpp/MessageRouter";
+
+}  // namespace
+
+MessageRouter::MessageRouter(MessageIdentificationService *service)
+    : identificationService_(service != nullptr ? service : MessageIdentificationService::getDefault()),
+      lookupContext_(LookupContextFactory::getLookupContext()),
+      ownsIdentificationService_(service != nullptr) {}
+
+MessageRouter::~MessageRouter() noexcept(false) {
+  clear();
+  deleteOwnedService();
+}
+
+bool MessageRouter::onInit() {
+  return !std::exchange(initialized_, true);
+}
+
+void MessageRouter::setMessageIdentificationService(MessageIdentificationService *service) {
+  if (service == identificationService_ && ownsIdentificationService_) return;
+  deleteOwnedService();
+  identificationService_ = service;
+  ownsIdentificationService_ = true;
+}
+
+void MessageRouter::clearMessageIdentificationService() {
+  deleteOwnedService();
+}
+
+void MessageRouter::deleteOwnedService() {
+  MessageIdentificationService *const service = std::exchange(identificationService_, nullptr);
+  if (service != nullptr && ownsIdentificationService_ && !service->isDefault()) delete service;
+}
+
+void MessageRouter::addMessageConfiguration(MessageConfiguration *configuration) {
+  if (configuration != nullptr) messageConfigurations_.push_back(configuration);
+}
+
+void MessageRouter::clear() {
+  deleteAll(messageConfigurations_);
+}
+
+MessageConfiguration *MessageRouter::getMessageConfiguration(InputSource &input) const {
+  if (identificationService_ == nullptr) raise<TransformException>("No message identification service is set", SOURCE);
+  SmartPtr<DataObject> const header = identificationService_->identifyMessage(input);
+  if (header.isNull()) raise<UnrecognizedMessageException>("Unrecognized message format", SOURCE, 81);
+  HeaderFields fields(header.get());
+  for (MessageConfiguration *configuration : messageConfigurations_)
+    if (configuration->matches(fields)) return configuration;
+  raise<UnhandledMessageException>("Cannot handle message " + header->toXMLString(), SOURCE, 89);
+}
+
+void MessageRouter::processMessage(InputSource &input, TransformContext &context) const {
+  Properties const &properties = getMessageConfiguration(input)->getContextProperties();
+  tvstring const formatName = properties.getProperty(TransformContext::INPUT_FORMAT_PROPERTY);
+  if (formatName.empty())
+    raise<TransformException>(
+        TransformContext::INPUT_FORMAT_PROPERTY + " property cannot be empty in the message configuration", SOURCE, 55);
+  for (auto const &[name, value] : properties) context.setProperty(name, value);
+  // A look-up that failed leaves the name of the format before it beside a null format.
+  if (formatName != currentFormatName_ || currentFormat_.isNull()) selectFormat(formatName);
+  currentFormat_->processInput(input, context);
+}
+
+void MessageRouter::processMessage(InputSource &input) const {
+  TransformContext context;
+  processMessage(input, context);
+}
+
+void MessageRouter::selectFormat(tvstring const &name) const {
+  auto known = formatCache_.find(name);
+  if (known == formatCache_.end()) {
+    currentFormat_.release();
+    known = formatCache_.emplace(name, lookupContext_->lookupInputFormat(name)).first;
+  }
+  currentFormat_ = known->second;
+  currentFormatName_ = name;
+}
+
+}  // namespace tavrone

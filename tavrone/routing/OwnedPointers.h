@@ -1,0 +1,18 @@
+#pragma once
+
+#include <algorithm>
+#include <vector>
+
+namespace tavrone {
+
+// Empties the vector and deletes what it owned; an object that stands in it more than once is deleted once.
+template <class T>
+void deleteAll(std::vector<T *> &owned) {
+  std::vector<T *> objects;
+  objects.swap(owned);
+  std::sort(objects.begin(), objects.end());
+  objects.erase(std::unique(objects.begin(), objects.end()), objects.end());
+  for (T *object : objects) delete object;
+}
+
+}  // namespace tavrone
