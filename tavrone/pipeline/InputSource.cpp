@@ -51,7 +51,7 @@ Binary InputSource::getAsBinary() {
 ByteArrayInputSource::ByteArrayInputSource(Binary const &bytes) : bytes_(bytes) {}
 ByteArrayInputSource::ByteArrayInputSource(char *bytes, int length) : ByteArrayInputSource(bytes, length, true) {}
 ByteArrayInputSource::ByteArrayInputSource(char *bytes, int length, bool adopt)
-    : bytes_(bytes, atLeastZero(length), !adopt), ownsBytes_(adopt) {}
+    : bytes_(bytes, atLeastZero(length), !adopt), ownsBytes_(adopt && bytes != nullptr) {}
 ByteArrayInputSource::ByteArrayInputSource(ByteArrayInputSource const &other)
     : InputSource(other),
       bytes_(other.ownsBytes_ ? Binary(other.bytes_.data(), other.bytes_.length()) : other.bytes_) {}

@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include "tavrone/context/LookupContext.h"
+#include "tavrone/context/TransformContext.h"
+#include "tavrone/context/UserClassManager.h"
+#include "tests/routing/Routing.h"
+
+namespace tavrone {
+namespace {
+
+template <class Base>
+struct Tracked : Base {
+  Tracked() { ++alive; }
+  ~Tracked() noexcept(false) override { --alive; }
+  static inline int alive = 0;
+};
+struct Shared : ObjectRef {};
+struct StringFactory : ObjectFactory {
+  Object *create() override { return new StringObject; }
+};
+using Factory = Tracked<StringFactory>;
+
+TEST(TransformContext, KeepsTheLastWriteAndCopiesByValue) {
+  TransformContext context;
+  EXPECT_EQ(context.getProperty("key"), "");
+  context.setProperty("key", "old");
+  TransformContext copy(context), emptied(context);
+  context.setProperty("key", "new");
+  EXPECT_EQ(copy.getProperty("key") + context.getProperty("key"), "oldnew");
+  emptied = TransformContext();
+  EXPECT_EQ(emptied.getProperty("key"), "");
+}
+
+TEST(LookupContext, HandlesShareOneDirectoryThatOwnsReferences) {
+  SmartPtr<ILookupContext> const one = LookupContextFactory::getLookupContext(),
+                                 two = LookupContextFactory::getLookupContext();
+  EXPECT_NE(one.get(), two.get());
+  SmartPtr<Tracked<Shared>> const held = new Tracked<Shared>;
+  one->bind("thing", held.get());
+  EXPECT_EQ(two->lookup("thing"), held.get());
+  EXPECT_EQ(held->getRefCount(), 2);
+  two->rebind("thing", held.get());
+  EXPECT_EQ(held->getRefCount(), 2);
+  two->rebind("thing", new Tracked<Shared>);
+  EXPECT_EQ(held->getRefCount(), 1);
+  one->unbind("thing");
+  one->unbind("thing");
+  EXPECT_EQ(one->lookup("thing"), nullptr);
+  EXPECT_EQ(Tracked<Shared>::alive, 1);
+}
+
+TEST(LookupContext, BindTakesOverWhatItRefuses) {
+  SmartPtr<ILookupContext> const directory = LookupContextFactory::getLookupContext();
+  auto *bound = new Factory;
+  directory->bind("taken", bound);
+  for (Object *second : {static_cast<Object *>(new Factory), static_cast<Object *>(new Tracked<Shared>),
+                         static_cast<Object *>(bound), static_cast<Object *>(nullptr)})
+    EXPECT_NE(failureOf<NamingException>([&] { directory->bind("taken", second); }).find(":taken already bound"),
+              std::string::npos);
+  EXPECT_EQ(directory->lookup("taken"), bound);
+  EXPECT_EQ(Factory::alive, 1);
+  EXPECT_EQ(Tracked<Shared>::alive, 0);
+  directory->unbind("taken");
+  EXPECT_EQ(Factory::alive, 0);
+}
+
+TEST(LookupContext, MakesAComponentAtEachTypedLookUp) {
+  SmartPtr<ILookupContext> const directory = LookupContextFactory::getLookupContext();
+  {
+    BoundFormat<TestFormat> format("format");
+    EXPECT_NE(directory->lookupInputFormat("format").get(), directory->lookupInputFormat("format").get());
+    EXPECT_EQ(directory->lookupInputFormat("format")->getName(), "");
+  }
+  directory->bind("other", new Factory);
+  directory->bind("object", new StringObject("no factory"));
+  for (tvstring const name : {"format", "other", "object"})
+    EXPECT_EQ(failureOf<NamingException>([&] { directory->lookupInputFormat(name); }),
+              std::string("cpp/LookupContextImpl:19:Unable to lookup '") + name.c_str() + "'");
+  directory->unbind("other");
+  directory->unbind("object");
+}
+
+TEST(UserClassManager, TheLastRegistrationWins) {
+  UserClass const first("test.Class", new Factory);
+  UserClass const second("test.Class", new DefaultObjectFactory<TestFormat>);
+  EXPECT_EQ(Factory::alive, 0);
+  auto *factory = new Factory;
+  UserClassManager::registerClass("test.Class", factory);
+  UserClassManager::registerClass("test.Class", factory);
+  SmartPtr<Object> const made = UserClassManager::createInstance("test.Class");
+  EXPECT_NE(dynamic_cast<StringObject *>(made.get()), nullptr);
+  UserClassManager::registerClass("test.Class", nullptr);
+  EXPECT_EQ(Factory::alive, 0);
+  EXPECT_EQ(failureOf<TransformException>([] { UserClassManager::createInstance("test.Class"); }),
+            "cpp/UserClassManager:28:Class not found test.Class");
+}
+
+TEST(Registrar, RunsItsFunctionOnceAtConstruction) {
+  static int runs = 0;
+  Registrar const registrar([] { ++runs; });
+  EXPECT_EQ(runs, 1);
+}
+
+}  // namespace
+}  // namespace tavrone

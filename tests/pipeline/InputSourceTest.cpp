@@ -1,0 +1,97 @@
+#include "tavrone/pipeline/InputSource.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+#include "tests/routing/Routing.h"
+
+namespace tavrone {
+namespace {
+
+std::string payload(InputSource &source) {
+  int length = -1;
+  char const *bytes = source.getAsBytes(length);
+  int again = -1;
+  EXPECT_EQ(source.getAsBytes(again), bytes);
+  EXPECT_EQ(again, length);
+  return std::string(bytes, static_cast<size_t>(length));
+}
+
+char *onHeap(char const *text) {
+  return std::strcpy(new char[std::strlen(text) + 1], text);
+}
+
+TEST(ByteArrayInputSource, AdoptsSharesOrCopies) {
+  Binary const shared("shared", 6);
+  ByteArrayInputSource view(shared), adopted(onHeap("adopted"), 7), also(onHeap("also"), 4, true);
+  char buffer[] = "copied";
+  ByteArrayInputSource copied(buffer, 6, false), negative(onHeap("x"), -1), null(nullptr, 0);
+  buffer[0] = '?';
+  int length = 0;
+  EXPECT_EQ(view.getAsBytes(length), shared.data());
+  EXPECT_EQ(payload(adopted) + payload(also) + payload(copied) + payload(negative) + payload(null),
+            "adoptedalsocopied");
+  EXPECT_EQ(adopted.getAsBinary(), Binary("adopted", 7));
+}
+
+TEST(ByteArrayInputSource, CopiesFreeEachBufferOnce) {
+  ByteArrayInputSource target(onHeap("old"), 3);
+  {
+    ByteArrayInputSource const owner(onHeap("owned"), 5);
+    target = owner;
+    ByteArrayInputSource copy(owner);
+    EXPECT_EQ(payload(copy), "owned");
+  }
+  auto const &self = target;
+  target = self;
+  EXPECT_EQ(payload(target), "owned");
+}
+
+class FileInputSourceTest : public testing::Test {
+ protected:
+  ~FileInputSourceTest() override { std::filesystem::remove(path); }
+  tvstring write(std::string const &text) {
+    std::ofstream(path, std::ios::binary) << text;
+    return path.c_str();
+  }
+  std::string path = testing::TempDir() + "tavrone_input_source";
+};
+
+TEST_F(FileInputSourceTest, ReadsTheWholeFileAndEndsItWithAZero) {
+  for (std::string const &text : {std::string(), std::string("a\0\r\n\xff", 5), std::string(100000, 'x')}) {
+    FileInputSource source(write(text));
+    FileInputSource copy(source), assigned(copy);
+    assigned = source;
+    EXPECT_EQ(payload(source), text);
+    EXPECT_EQ(payload(copy), text);
+    EXPECT_EQ(payload(assigned), text);
+    int length = 0;
+    EXPECT_EQ(assigned.getAsBytes(length)[text.size()], '\0');
+  }
+}
+
+TEST_F(FileInputSourceTest, TakesThePathForExactlyItsBytes) {
+  write("content");
+  tvstring const longer = (path + "_and_more").c_str();
+  FileInputSource source(longer.substr(0, path.size()));
+  EXPECT_EQ(payload(source), "content");
+}
+
+TEST_F(FileInputSourceTest, WhatIsNoFileIsNotFound) {
+  write("content");
+  tvstring const file(path.c_str());
+  std::filesystem::path const huge = path + "_huge";
+  std::ofstream(huge.string()).put('x');
+  std::filesystem::resize_file(huge, 1ull << 31);
+  for (tvstring const &missing : {file + "/none", tvstring(), tvstring(testing::TempDir().c_str()), file + '\0' + "x",
+                                  tvstring("/proc/self/task"), tvstring(huge.c_str())})
+    EXPECT_EQ(failureOf<TransformException>([&] { FileInputSource const source(missing); }),
+              "cpp/FileInputSource:14:File not found " + std::string(missing.data(), missing.length()));
+  std::filesystem::remove(huge);
+}
+
+}  // namespace
+}  // namespace tavrone

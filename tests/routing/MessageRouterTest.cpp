@@ -1,0 +1,156 @@
+#include "tavrone/routing/MessageRouter.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/routing/Routing.h"
+
+namespace tavrone {
+namespace {
+
+using testing::ElementsAre;
+
+class MessageRouterTest : public testing::Test {
+ protected:
+  MessageRouterTest() { TestFormat::log.clear(); }
+  ~MessageRouterTest() noexcept override {}
+
+  static MessageIdentificationService *serviceWith(MessageIdentifier *identifier) {
+    auto *service = new MessageIdentificationService;
+    service->registerMessageIdentifer(identifier);
+    return service;
+  }
+  MessageConfiguration *add(tvstring const &type, tvstring const &format) {
+    auto *configuration = new MessageConfiguration;
+    configuration->setMessageType(type);
+    if (!format.empty()) configuration->setContextProperty("input.format", format);
+    router.addMessageConfiguration(configuration);
+    return configuration;
+  }
+  void process(tvstring const &payload) {
+    ByteArrayInputSource input{Binary(payload)};
+    router.processMessage(input, context);
+  }
+  template <class E>
+  std::string failure(tvstring const &payload) {
+    return failureOf<E>([&] { process(payload); });
+  }
+
+  MessageRouter router{serviceWith(new TestIdentifier)};
+  TransformContext context;
+};
+
+TEST_F(MessageRouterTest, LooksUpEachFormatOnceHoweverTheStreamAlternates) {
+  BoundFormat<TestFormat> a("A"), b("B");
+  add("a", "A");
+  add("b", "B")->setContextProperty("extra", "!");
+  for (char const *payload : {"a", "a", "b", "a", "b"}) process(payload);
+  EXPECT_EQ(a.made + b.made, 2);
+  EXPECT_THAT(TestFormat::log, ElementsAre("A:a", "A:a+", "B:b!", "A:a+", "B:b!"));
+}
+
+TEST_F(MessageRouterTest, TakesTheFirstConfigurationThatMatches) {
+  BoundFormat<TestFormat> any("Any"), a("A");
+  add("", "Any");
+  add("a", "A");
+  process("a");
+  EXPECT_THAT(TestFormat::log, ElementsAre("Any:a"));
+}
+
+TEST_F(MessageRouterTest, MessagesThatNobodyWantsLeaveTheContextUntouched) {
+  add("a", "")->setContextProperty("extra", "1");
+  EXPECT_EQ(failure<UnrecognizedMessageException>(""), "cpp/MessageRouter:81:Unrecognized message format");
+  EXPECT_EQ(failure<UnhandledMessageException>("b"), "cpp/MessageRouter:89:Cannot handle message <Header/>");
+  EXPECT_EQ(failure<TransformException>("a"),
+            "cpp/MessageRouter:55:input.format property cannot be empty in the message configuration");
+  router.clear();
+  EXPECT_EQ(failure<UnhandledMessageException>("a"), "cpp/MessageRouter:89:Cannot handle message <Header/>");
+  EXPECT_EQ(context.getProperty("extra"), "");
+}
+
+TEST_F(MessageRouterTest, AFailedLookUpForgetsNoFormat) {
+  BoundFormat<TestFormat> a("A");
+  add("a", "A");
+  add("x", "Missing")->setContextProperty("extra", "1");
+  process("a");
+  EXPECT_EQ(failure<NamingException>("x"), "cpp/LookupContextImpl:19:Unable to lookup 'Missing'");
+  EXPECT_EQ(context.getProperty("input.format") + context.getProperty("extra"), "Missing1");
+  process("a");
+  EXPECT_EQ(failure<NamingException>("x"), "cpp/LookupContextImpl:19:Unable to lookup 'Missing'");
+  BoundFormat<TestFormat> missing("Missing");
+  process("x");
+  process("a");
+  EXPECT_EQ(a.made + missing.made, 2);
+}
+
+TEST_F(MessageRouterTest, AFailureOfTheFormatPassesAndTheFormatStays) {
+  BoundFormat<TestFormat> a("A");
+  add("", "A");
+  EXPECT_EQ(failure<TransformRuntimeException>("fail").substr(0, 5), "test:");
+  process("a");
+  EXPECT_EQ(a.made, 1);
+}
+
+TEST_F(MessageRouterTest, WithoutAContextEachMessageHasAFreshOne) {
+  BoundFormat<TestFormat> a("A");
+  add("", "A");
+  ByteArrayInputSource input{Binary("m", 1)};
+  router.processMessage(input);
+  router.processMessage(input);
+  EXPECT_THAT(TestFormat::log, ElementsAre("A:m", "A:m"));
+}
+
+TEST_F(MessageRouterTest, ReadsAFieldOnceAMessageWhateverTheNumberOfConfigurations) {
+  struct Keeper : MessageIdentifier {
+    DataObject *identifyMessage(InputSource &) override { return header.get(); }
+    SmartPtr<TestHeader> header{new TestHeader({{"MessageFormat", "FIX"}, {"Desk", "7"}})};
+  };
+  auto *keeper = new Keeper;
+  TestHeader const &header = *keeper->header.get();
+  router.setMessageIdentificationService(serviceWith(keeper));
+  for (int i = 0; i < 5; ++i) {
+    MessageConfiguration *configuration = add("", "A");
+    configuration->setMessageFormat("FIX");
+    configuration->setProperty("Desk", i < 4 ? "8" : "7");
+    configuration->setProperty("Unknown", "");
+  }
+  ByteArrayInputSource input{Binary()};
+  EXPECT_EQ(router.getMessageConfiguration(input)->getContextProperties().getProperty("input.format"), "A");
+  EXPECT_EQ(header.reads, (std::map<tvstring, int>{{"MessageFormat", 1}, {"Desk", 1}, {"Unknown", 1}}));
+}
+
+TEST_F(MessageRouterTest, OwnsEveryServiceButTheDefaultOne) {
+  int const before = TestIdentifier::alive;
+  auto *first = serviceWith(new TestIdentifier);
+  {
+    MessageRouter other(first);
+    other.setMessageIdentificationService(first);
+    EXPECT_EQ(TestIdentifier::alive, before + 1);
+    other.setMessageIdentificationService(serviceWith(new TestIdentifier));
+    EXPECT_EQ(TestIdentifier::alive, before + 1);
+    other.clearMessageIdentificationService();
+    EXPECT_EQ(TestIdentifier::alive, before);
+    ByteArrayInputSource input{Binary()};
+    EXPECT_NE(failureOf<TransformException>([&] {
+                other.processMessage(input);
+              }).find(":No message identification service is set"),
+              std::string::npos);
+    other.setMessageIdentificationService(serviceWith(new TestIdentifier));
+  }
+  EXPECT_EQ(TestIdentifier::alive, before);
+  for (int i = 0; i < 2; ++i) {
+    MessageRouter onDefault;
+    onDefault.setMessageIdentificationService(MessageIdentificationService::getDefault());
+  }
+  ByteArrayInputSource input{Binary("?", 1)};
+  EXPECT_EQ(MessageIdentificationService::getDefault()->identifyMessage(input), nullptr);
+}
+
+TEST_F(MessageRouterTest, TheLatchAnswersTrueOnce) {
+  EXPECT_TRUE(router.onInit());
+  EXPECT_FALSE(router.onInit());
+  EXPECT_FALSE(router.onInit());
+}
+
+}  // namespace
+}  // namespace tavrone

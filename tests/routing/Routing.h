@@ -1,0 +1,105 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "tavrone/context/UserClassManager.h"
+#include "tavrone/core/Raise.h"
+#include "tavrone/core/Wrappers.h"
+#include "tavrone/pipeline/IInputFormat.h"
+#include "tavrone/routing/MessageRouter.h"
+
+namespace tavrone {
+
+// A header of text fields that counts how often it is read and how many headers live.
+struct TestHeader : DataObject {
+  explicit TestHeader(Properties values) : fields(std::move(values)) { ++alive; }
+  ~TestHeader() noexcept(false) override { --alive; }
+
+  Object *getField(tvstring const &name) const override {
+    ++reads[name];
+    auto const field = fields.find(name);
+    if (field == fields.end()) raise<FieldNotFoundException>("Field with name " + name + " not defined", "test");
+    return field->second == "null" ? nullptr : new StringObject(field->second);
+  }
+  tvstring toXMLString() override { return "<Header/>"; }
+
+  static inline int alive = 0;
+  Properties fields;
+  mutable std::map<tvstring, int> reads;
+};
+
+// Answers with a header whose "MessageType" is the payload, or with null to an empty payload.
+struct TestIdentifier : MessageIdentifier {
+  TestIdentifier() { ++alive; }
+  ~TestIdentifier() noexcept(false) override { --alive; }
+
+  DataObject *identifyMessage(InputSource &input) override {
+    int length = 0;
+    char const *bytes = input.getAsBytes(length);
+    ++asked;
+    if (length == 0) return nullptr;
+    return new TestHeader({{"MessageFormat", "FIX"}, {"MessageType", tvstring(bytes, static_cast<size_t>(length))}});
+  }
+  void setProperty(tvstring const &name, tvstring const &value) override { properties[name] = value; }
+
+  static inline int alive = 0;
+  int asked = 0;
+  Properties properties;
+};
+
+// Notes what it was handed; fails on the payload "fail".
+struct TestFormat : IInputFormat {
+  DataObject *handleInput(InputSource &input, TransformContext &context) override {
+    processInput(input, context);
+    return new TestHeader({{"MessageFormat", context.getProperty("input.source")}});
+  }
+  void processInput(InputSource &input, TransformContext &context) override {
+    int length = 0;
+    char const *bytes = input.getAsBytes(length);
+    tvstring const text(bytes, static_cast<size_t>(length));
+    log.push_back(context.getProperty("input.format") + ":" + text + context.getProperty("extra"));
+    context.setProperty("extra", "+");
+    if (text == "fail") raise<TransformRuntimeException>("failed", "test");
+  }
+
+  static inline std::vector<tvstring> log;
+};
+
+// Binds a factory of T for the length of a scope, and counts what it makes.
+template <class T>
+class BoundFormat {
+ public:
+  explicit BoundFormat(tvstring const &name) : name_(name) { directory()->bind(name, new Factory(*this)); }
+  ~BoundFormat() { directory()->unbind(name_); }
+
+  static SmartPtr<ILookupContext> directory() { return LookupContextFactory::getLookupContext(); }
+
+  int made = 0;
+
+ private:
+  struct Factory : ObjectFactory {
+    explicit Factory(BoundFormat &owner) : owner_(owner) {}
+    Object *create() override {
+      ++owner_.made;
+      return new T;
+    }
+    BoundFormat &owner_;
+  };
+  tvstring name_;
+};
+
+template <class E, class Action>
+std::string failureOf(Action action) {
+  try {
+    action();
+  } catch (E const &failure) {
+    if (typeid(failure) != typeid(E)) return "a failure of another class";
+    tvstring const text = failure.getTraceString() + failure.getMessage();
+    return std::string(text.data(), text.length());
+  }
+  return "no failure";
+}
+
+}  // namespace tavrone
