@@ -8,6 +8,8 @@
 
 namespace tavrone {
 
+class tvstring;
+
 // The counted body of a decimal number: sign and digits, 18 of them to a limb, in one block of memory. A limb at place
 // p counts units of 10^(18 * p), so that numbers line up with the point whatever their exponents: sums shift nothing.
 // Normalised: neither the lowest nor the highest limb is zero; zero has no limbs.
@@ -165,10 +167,8 @@ class TAVRONE_API MAPM {
     unref(std::exchange(val_, value));
   }
 
-  MAPM truncate() const { return truncateDecimals(0); }
-  // Bytes of the fixed-point text, and the text itself without a terminator. The number is already rounded.
-  size_t fixedLength(int decimals) const;
-  char *writeFixed(char *out, int decimals) const;
+  // The text of toFixPtString.
+  tvstring toFixedText(int decimals) const;
 
  private:
   static void destroy(M_APM_ *value) noexcept;

@@ -1,0 +1,84 @@
+#include "tavrone/core/BigDecimal.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <type_traits>
+
+#include "tavrone/core/Exceptions.h"
+
+namespace tavrone {
+namespace {
+
+TEST(BigDecimal, TextHasEveryDigitAndNoExponent) {
+  struct {
+    BigDecimal value;
+    char const *text;
+  } const cases[] = {{BigDecimal(), "0"},
+                     {BigDecimal(123.45), "123.45"},
+                     {BigDecimal(0.1F), "0.100000001490116"},
+                     {BigDecimal(-5), "-5"},
+                     {BigDecimal(LLONG_MIN), "-9223372036854775808"},
+                     {BigDecimal(1000000000000000000LL), "1000000000000000000"},
+                     {BigDecimal("1500.00"), "1500"},
+                     {BigDecimal("1.5E-7"), "0.00000015"},
+                     {BigDecimal(BigInteger("12")), "12"},
+                     {BigDecimal(tvstring("price=412.35;").substr(6, 6)), "412.35"}};
+  for (auto const &c : cases) {
+    EXPECT_EQ(c.value.toString(), c.text);
+    char text[64];
+    c.value.toString(text);
+    EXPECT_STREQ(text, c.text);
+  }
+}
+
+TEST(BigDecimal, ComputesInItsOwnType) {
+  BigDecimal const price("412.35");
+  EXPECT_EQ((price * 1500).toString(), "618525");
+  EXPECT_EQ((-price + 2.5 - BigInteger(1)).abs().toString(), "410.85");
+  EXPECT_EQ((price / 8).toString(), "51.54375");
+  EXPECT_EQ(price.divide(7, 3).toString(), "58.9");
+  EXPECT_EQ(price.rem(100).toString(), "12.35");
+  EXPECT_EQ(price.roundDecimals(1).toString(), "412.4");
+  EXPECT_EQ(price.toLong(), 412);
+  EXPECT_TRUE(price > 412 && price >= price && price < 412.36 && price <= price && price != 412 &&
+              price == BigDecimal("412.350"));
+  EXPECT_TRUE(BigDecimal(3) == BigInteger(3) && BigInteger(3) == BigDecimal(3));
+  static_assert(std::is_same_v<decltype(price == price), bool> && std::is_same_v<decltype(price.neg()), BigDecimal>);
+  static_assert(std::is_nothrow_destructible_v<BigDecimal> && std::is_nothrow_move_constructible_v<BigDecimal> &&
+                std::is_nothrow_move_assignable_v<BigInteger> && sizeof(BigInteger) == sizeof(void *));
+}
+
+TEST(BigDecimal, ToLongFailsAsTheNumberTextDoes) {
+  try {
+    BigDecimal("9223372036854775808.5").toLong();
+    FAIL();
+  } catch (TransformException const &failure) {
+    EXPECT_EQ(failure.getMessage(), "Long overflow. Cannot convert '9223372036854775808' to long");
+  }
+}
+
+TEST(BigInteger, IsAlwaysWhole) {
+  struct {
+    BigInteger value;
+    char const *text;
+  } const cases[] = {{BigInteger(), "0"},
+                     {BigInteger(-7), "-7"},
+                     {BigInteger("12.99"), "12"},
+                     {BigInteger(tvstring("-0.5")), "0"},
+                     {BigInteger(BigDecimal("-12.99")), "-12"},
+                     {BigInteger("1E20"), "100000000000000000000"},
+                     {BigInteger(-7) / 2, "-3"},
+                     {BigInteger(-7).rem(2), "-1"},
+                     {BigInteger(-7).abs() * 3, "21"},
+                     {++BigInteger(9), "10"}};
+  for (auto const &c : cases) {
+    EXPECT_EQ(c.value.toString(), c.text);
+    char text[64];
+    c.value.toString(text);
+    EXPECT_STREQ(text, c.text);
+  }
+}
+
+}  // namespace
+}  // namespace tavrone

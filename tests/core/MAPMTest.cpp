@@ -1,0 +1,321 @@
+#include "tavrone/core/MAPM.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <random>
+
+#include "tavrone/core/Exceptions.h"
+#include "tests/core/DecimalReference.h"
+
+namespace tavrone {
+namespace {
+
+std::string fixed(MAPM const &number, int decimals = -1) {
+  std::unique_ptr<char[]> const text(number.toFixPtStringExp(decimals, '.', '\0', 0));
+  return text.get();
+}
+
+std::string scientific(MAPM const &number, int decimals) {
+  char text[200];
+  number.toString(text, decimals);
+  return text;
+}
+
+template <class Operation>
+std::string reportOf(Operation operation) {
+  try {
+    operation();
+    return "";
+  } catch (TransformException const &failure) {
+    EXPECT_EQ(typeid(failure), typeid(TransformException));
+    EXPECT_EQ(failure.getTrace().getFileName(), "cpp/MAPM");
+    tvstring const message = failure.getMessage();
+    return std::string(message.data(), message.length());
+  }
+}
+
+TEST(MAPM, ReadsTextAndNormalises) {
+  struct {
+    char const *text;
+    char const *value;
+    int sign;
+    int exponent;
+    int digits;
+    bool whole;
+  } const cases[] = {{"0", "0", 0, 0, 1, true},
+                     {"-0.000", "0", 0, 0, 1, true},
+                     {"0E5", "0", 0, 0, 1, true},
+                     {"123.45", "123.45", 1, 2, 5, false},
+                     {"-00123.4500", "-123.45", -1, 2, 5, false},
+                     {".5", "0.5", 1, -1, 1, false},
+                     {"+5.", "5", 1, 0, 1, true},
+                     {"1500", "1500", 1, 3, 2, true},
+                     {"1.5E3", "1500", 1, 3, 2, true},
+                     {"1.5e+3", "1500", 1, 3, 2, true},
+                     {"15e-4", "0.0015", 1, -3, 2, false},
+                     {"1234567890123456789.0123456789E9", "1234567890123456789012345678.9", 1, 27, 29, false},
+                     {"999999999999999999", "999999999999999999", 1, 17, 18, true},
+                     {"1000000000000000000", "1000000000000000000", 1, 18, 1, true},
+                     {"0.000000000000000001", "0.000000000000000001", 1, -18, 1, false},
+                     {"1E0000000005", "100000", 1, 5, 1, true}};
+  for (auto const &c : cases) {
+    MAPM const number(c.text);
+    EXPECT_EQ(fixed(number), c.value) << c.text;
+    EXPECT_EQ(number.sign(), c.sign) << c.text;
+    EXPECT_EQ(number.exponent(), c.exponent) << c.text;
+    EXPECT_EQ(number.significant_digits(), c.digits) << c.text;
+    EXPECT_EQ(number.is_integer(), c.whole) << c.text;
+  }
+}
+
+TEST(MAPM, ReportsWhatIsNoNumber) {
+  for (char const *text : {"", "-", ".", "E5", "1E", "1E+", "--1", "1.2.3", " 1", "1 ", "1,5", "0x1", "1E5.0", "inf",
+                           "1E100000", "0E-100000", "1E99999999999999999999"})
+    EXPECT_EQ(reportOf([&] { MAPM{text}; }), "'m_apm_set_string', Non-digit char found in parse") << text;
+  for (double value : {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL, -HUGE_VAL})
+    EXPECT_EQ(reportOf([&] { MAPM{value}; }), "'m_apm_set_double', Invalid double input (likely a NAN or +/- INF)");
+  MAPM number(7);
+  EXPECT_EQ(reportOf([&] { number = "7x"; }), "'m_apm_set_string', Non-digit char found in parse");
+  EXPECT_EQ(reportOf([&] { number = number / MAPM(); }), "'m_apm_divide', Divide by 0");
+  EXPECT_EQ(reportOf([&] { number.integer_div_rem(MAPM(), number, number); }), "'m_apm_divide', Divide by 0");
+  EXPECT_EQ(reportOf([&] { (void)MAPM("0.5").is_odd(); }), "'m_apm_is_even', Non-integer input");
+  EXPECT_EQ(fixed(number), "7");
+}
+
+TEST(MAPM, TakesFifteenDigitsOfADouble) {
+  struct {
+    double value;
+    char const *text;
+  } const cases[] = {{123.45, "123.45"},
+                     {0.1 + 0.2, "0.3"},
+                     {-1e23, "-100000000000000000000000"},
+                     {2.0 / 3, "0.666666666666667"},
+                     {-0.0, "0"}};
+  for (auto const &c : cases) EXPECT_EQ(fixed(MAPM(c.value)), c.text);
+  EXPECT_EQ(fixed(MAPM(INT_MIN)), "-2147483648");
+}
+
+TEST(MAPM, RoundsHalfAwayFromZero) {
+  struct {
+    char const *text;
+    int digits;
+    char const *value;
+  } const cases[] = {{"123.45", 4, "123.5"},
+                     {"-123.45", 4, "-123.5"},
+                     {"123.449", 4, "123.4"},
+                     {"999.95", 4, "1000"},
+                     {"1.5", 5, "1.5"},
+                     {"1.5", 0, "2"},
+                     {"1.5", -7, "2"},
+                     {"1.5", INT_MAX, "1.5"},
+                     {"0.5000000000000000005", 18, "0.500000000000000001"},
+                     {"999999999999999999999999999999999999.5", 36, "1000000000000000000000000000000000000"},
+                     {"0", 3, "0"}};
+  for (auto const &c : cases) EXPECT_EQ(fixed(MAPM(c.text).round(c.digits)), c.value) << c.text << ' ' << c.digits;
+
+  struct {
+    char const *text;
+    int decimals;
+    char const *rounded;
+    char const *cut;
+  } const places[] = {{"0.05", 1, "0.1", "0"}, {"-0.05", 1, "-0.1", "0"}, {"0.049", 1, "0", "0"},
+                      {"5", -1, "10", "0"},    {"4", -3, "0", "0"},       {"1234.5678", 2, "1234.57", "1234.56"},
+                      {"-1.9", 0, "-2", "-1"}, {"1", INT_MIN, "0", "0"},  {"1.25", INT_MAX, "1.25", "1.25"}};
+  for (auto const &c : places) {
+    EXPECT_EQ(fixed(MAPM(c.text).roundDecimals(c.decimals)), c.rounded) << c.text << ' ' << c.decimals;
+    EXPECT_EQ(fixed(MAPM(c.text).truncateDecimals(c.decimals)), c.cut) << c.text << ' ' << c.decimals;
+  }
+}
+
+TEST(MAPM, DividesToTheDigitsRule) {
+  EXPECT_EQ(fixed(MAPM(2) / MAPM(3)), "0." + std::string(29, '6') + "7");
+  EXPECT_EQ(fixed(MAPM(1).divide(MAPM("3." + std::string(0, '0'))).round(3)), "0.333");
+  EXPECT_EQ((MAPM("1." + std::string(39, '1')) / MAPM(7)).significant_digits(), 40);
+  struct {
+    char const *a;
+    char const *b;
+    int digits;
+    char const *quotient;
+  } const cases[] = {{"1", "8", 2, "0.13"},
+                     {"-1", "8", 2, "-0.13"},
+                     {"1", "8", 30, "0.125"},
+                     {"999.96", "1", 4, "1000"},
+                     {"7", "2", 0, "4"},
+                     {"7", "2", INT_MIN, "4"},
+                     {"0", "-3", 5, "0"},
+                     {"1E20", "1E-20", 5, "10000000000000000000000000000000000000000"},
+                     {"1000000000000000000000000000000000000", "999999999999999999999999999999999999", 40,
+                      "1.000000000000000000000000000000000001"}};
+  for (auto const &c : cases) EXPECT_EQ(fixed(MAPM(c.a).divide(MAPM(c.b), c.digits)), c.quotient) << c.a << '/' << c.b;
+  EXPECT_EQ(MAPM(1).divide(MAPM(3), INT_MAX).significant_digits(), 100'000);
+}
+
+TEST(MAPM, IntegerDivisionCutsAndTheRestHasTheDividendsSign) {
+  struct {
+    char const *a;
+    char const *b;
+    char const *quotient;
+    char const *rest;
+  } const cases[] = {
+      {"7", "2", "3", "1"},
+      {"-7", "2", "-3", "-1"},
+      {"7", "-2", "-3", "1"},
+      {"-7", "-2", "3", "-1"},
+      {"1", "2", "0", "1"},
+      {"7.5", "0.4", "18", "0.3"},
+      {"0", "5", "0", "0"},
+      {"6", "-2", "-3", "0"},
+      {"1E30", "7", "142857142857142857142857142857", "1"},
+      {"1000000000000000000000000000000000000.25", "1000000000000000000", "1000000000000000000", "0.25"}};
+  for (auto const &c : cases) {
+    MAPM a(c.a);
+    MAPM b(c.b);
+    EXPECT_EQ(fixed(a.div(b)), c.quotient) << c.a << '/' << c.b;
+    EXPECT_EQ(fixed(a.rem(b)), c.rest) << c.a << '/' << c.b;
+    a.integer_div_rem(b, b, a);
+    EXPECT_EQ(fixed(b) + " " + fixed(a), std::string(c.quotient) + " " + c.rest);
+  }
+}
+
+TEST(MAPM, AgreesWithArithmeticOnPaper) {
+  std::mt19937 random(1);
+  // Runs of 0 and 9 make carries travel and quotient estimates fail.
+  auto const number = [&random] {
+    std::string text = random() % 2 != 0 ? "-" : "";
+    for (unsigned part = 0, kind = 0; part < 1 + random() % 4; ++part, kind = random() % 3)
+      for (unsigned left = 1 + random() % 30; left > 0; --left)
+        text += kind == 0 ? static_cast<char>('0' + random() % 10) : kind == 1 ? '9' : '0';
+    return text + "." + std::to_string(random() % 100000) + (random() % 3 != 0 ? "" : std::string(20, '0') + "3");
+  };
+  for (int round = 0; round < 3000; ++round) {
+    std::string const textA = number();
+    std::string const textB = number();
+    MAPM const a(textA.c_str());
+    MAPM const b(textB.c_str());
+    DecimalReference const refA(textA);
+    DecimalReference const refB(textB);
+    ASSERT_EQ(fixed(a), refA.text());
+    ASSERT_EQ(fixed(a + b), refA.plus(refB).text()) << textA << " + " << textB;
+    ASSERT_EQ(fixed(a - b), refA.plus(refB, true).text()) << textA << " - " << textB;
+    ASSERT_EQ(fixed(a * b), refA.times(refB).text()) << textA << " * " << textB;
+    ASSERT_EQ(a.compare(b), (a - b).sign()) << textA << " ? " << textB;
+    if (b.sign() == 0) continue;
+    DecimalReference const whole = refA.over(refB, 0);
+    ASSERT_EQ(fixed(a.integer_divide(b)), whole.text()) << textA << " / " << textB;
+    ASSERT_EQ(fixed(a.rem(b)), refA.plus(refB.times(whole), true).text()) << textA << " % " << textB;
+    ASSERT_EQ(fixed(a.roundDecimals(3)), refA.rounded(3).text()) << textA;
+    MAPM const quotient = a / b;
+    ASSERT_EQ(fixed(quotient),
+              refA.over(refB, 400)
+                  .rounded(std::max(0, std::max(a.significant_digits(), std::max(30, b.significant_digits())) - 1 -
+                                           quotient.exponent()))
+                  .text())
+        << textA << " / " << textB;
+  }
+}
+
+TEST(MAPM, WritesText) {
+  struct {
+    char const *text;
+    int decimals;
+    char const *scientific;
+    char const *fixed;
+    char const *grouped;
+  } const cases[] = {{"123.45", -1, "1.2345E+2", "123.45", "123,45"},
+                     {"0", -1, "0.0E+0", "0", "0"},
+                     {"0", 2, "0.0E+0", "0.00", "0,00"},
+                     {"5", -1, "5.0E+0", "5", "5"},
+                     {"5", 0, "5E+0", "5", "5"},
+                     {"-0.00125", 1, "-1.3E-3", "0.0", "0,0"},
+                     {"-0.125", 2, "-1.25E-1", "-0.13", "-0,13"},
+                     {"1234567.895", 2, "1.23E+6", "1234567.90", "1.234.567,90"},
+                     {"999.999", 2, "1.00E+3", "1000.00", "1.000,00"},
+                     {"-123456", 0, "-1E+5", "-123456", "-123.456"},
+                     {"1E20", 1, "1.0E+20", "100000000000000000000.0", "100.000.000.000.000.000.000,0"}};
+  for (auto const &c : cases) {
+    MAPM const number(c.text);
+    EXPECT_EQ(scientific(number, c.decimals), c.scientific) << c.text;
+    EXPECT_EQ(fixed(number, c.decimals), c.fixed) << c.text;
+    std::unique_ptr<char[]> const grouped(number.toFixPtStringExp(c.decimals, ',', '.', 3));
+    EXPECT_STREQ(grouped.get(), c.grouped) << c.text;
+    char whole[64];
+    number.toIntegerString(whole);
+    EXPECT_EQ(whole, fixed(number.truncateDecimals(0))) << c.text;
+  }
+}
+
+TEST(MAPM, ConvertsToOtherNumbers) {
+  EXPECT_EQ(MAPM("-12.99").toInt(), -12);
+  EXPECT_EQ(MAPM("2147483647.9").toInt(), INT_MAX);
+  EXPECT_EQ(MAPM("9223372036854775807.5").toLong(), LLONG_MAX);
+  EXPECT_EQ(MAPM("-9223372036854775808").toLong(), LLONG_MIN);
+  EXPECT_EQ(MAPM("9999999999").toInt(), 1410065407);
+  struct {
+    char const *text;
+    double value;
+  } const cases[] = {{"0", 0},
+                     {"0.1", 0.1},
+                     {"-123.45", -123.45},
+                     {"9007199254740993", 9007199254740992.0},
+                     {"1E400", HUGE_VAL},
+                     {"-1E400", -HUGE_VAL},
+                     {"1E-400", 0},
+                     {"4.9406564584124654E-324", 4.9406564584124654E-324},
+                     {"1.7976931348623157E308", 1.7976931348623157E308}};
+  for (auto const &c : cases) EXPECT_EQ(MAPM(c.text).toDouble(), c.value) << c.text;
+  // Rounding to double first would give the even neighbour below.
+  EXPECT_EQ(MAPM("1.000000059604644775390625000000001").toFloat(), std::nextafter(1.0F, 2.0F));
+}
+
+TEST(MAPM, CopiesAreIndependentOfTheirSource) {
+  MAPM number("99.5");
+  MAPM const before = number++;
+  EXPECT_EQ(fixed(before) + " " + fixed(number) + " " + fixed(++number), "99.5 100.5 101.5");
+  MAPM &self = number;
+  number = self;
+  number = std::move(self);
+  EXPECT_EQ(fixed(number), "101.5");
+  MAPM const moved = std::move(number);
+  EXPECT_EQ(fixed(number) + " " + fixed(-moved), "0 -101.5");
+}
+
+// What subclasses reach: bodies that they write themselves.
+struct Writable : MAPM {
+  using MAPM::MAPM;
+  static MAPM fresh() { return MAPM(makeNew()); }
+  void negate() { val()->sign = -val()->sign; }
+  int precision(MAPM const &other) const { return myDigits() + 100 * digits(other); }
+};
+
+TEST(MAPM, WritingCopiesASharedBodyFirst) {
+  Writable number("1.5");
+  MAPM const copy = number;
+  number.negate();
+  EXPECT_EQ(fixed(number) + " " + fixed(copy), "-1.5 1.5");
+  EXPECT_EQ(fixed(Writable::fresh() + copy), "1.5");
+  EXPECT_EQ(number.precision(MAPM(("1." + std::string(39, '1')).c_str())), 30 + 4000);
+}
+
+TEST(MAPM, ExtremesStayBounded) {
+  MAPM const huge("1E+99999");
+  MAPM const tiny("1E-99999");
+  EXPECT_EQ((huge + tiny).significant_digits(), 199'999);
+  EXPECT_EQ((huge - tiny).rem(huge).exponent(), 99'998);
+  EXPECT_EQ(huge.integer_divide(tiny).exponent(), 199'998);
+  EXPECT_EQ(fixed(tiny).size(), 100'001U);
+  std::string const million = "1" + std::string(999'998, '7') + "3";
+  EXPECT_EQ(fixed(MAPM(million.c_str())), million);
+  MAPM power = huge;
+  EXPECT_EQ(reportOf([&] {
+              for (;;) power = power * power;
+            }),
+            "'m_apm_multiply', Out of memory");
+  EXPECT_EQ(reportOf([&] { (void)(tiny / power / power); }), "'m_apm_divide', Out of memory");
+}
+
+}  // namespace
+}  // namespace tavrone
