@@ -17,15 +17,16 @@ long long allocations = 0;
 
 }  // namespace
 
-void *operator new(size_t size) {
+// Out of line, or the compiler takes malloc and operator delete for a mismatch.
+__attribute__((noinline)) void *operator new(size_t size) {
   ++allocations;
   if (void *block = std::malloc(size)) return block;
   throw std::bad_alloc();
 }
-void operator delete(void *block) noexcept {
+__attribute__((noinline)) void operator delete(void *block) noexcept {
   std::free(block);
 }
-void operator delete(void *block, size_t) noexcept {
+__attribute__((noinline)) void operator delete(void *block, size_t) noexcept {
   std::free(block);
 }
 

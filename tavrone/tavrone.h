@@ -23,6 +23,7 @@
 #include "tavrone/core/MAPM.h"
 #include "tavrone/core/NumberConversion.h"
 #include "tavrone/core/Object.h"
+#include "tavrone/core/OwnedPointers.h"
 #include "tavrone/core/ObjectList.h"
 #include "tavrone/core/Properties.h"
 #include "tavrone/core/Raise.h"

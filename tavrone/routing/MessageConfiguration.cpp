@@ -1,8 +1,80 @@
 #include "tavrone/routing/MessageConfiguration.h"
 
-#include "tavrone/routing/HeaderFields.h"
+#include <algorithm>
+
+#include "tavrone/pipeline/MessageHeader.h"
 
 namespace tavrone {
+
+namespace {
+
+constexpr size_t KEY_BYTES = 7;
+
+}  // namespace
+
+// The length and the first bytes of a text. Different keys mean different texts; equal keys of at most KEY_BYTES bytes
+// mean equal ones. 0 is the empty text.
+uint64_t MessageConfiguration::keyOf(tvstring const &text) {
+  uint64_t key = std::min<uint64_t>(text.length(), 255) << 8 * KEY_BYTES;
+  for (size_t i = 0; i < std::min(text.length(), KEY_BYTES); ++i)
+    key |= uint64_t{static_cast<unsigned char>(text[i])} << 8 * i;
+  return key;
+}
+
+// The header of one message while configurations are compared with it: a field is read when the first configuration
+// asks for it, and never again. The three fixed fields cost no allocation of their own.
+class MessageConfiguration::HeaderFields {
+ public:
+  explicit HeaderFields(DataObject *header) : header_(header, false) {}
+
+  bool hasFormat(uint64_t key, tvstring const &wanted) {
+    return format_.equals(key, wanted, [this] { return header_.getMessageFormat(); });
+  }
+  bool hasVersion(uint64_t key, tvstring const &wanted) {
+    return version_.equals(key, wanted, [this] { return header_.getMessageVersion(); });
+  }
+  bool hasType(uint64_t key, tvstring const &wanted) {
+    return type_.equals(key, wanted, [this] { return header_.getMessageType(); });
+  }
+  bool hasField(tvstring const &name, tvstring const &wanted) {
+    auto const known = others_.find(name);
+    if (known != others_.end()) return known->second == wanted;
+    return others_.emplace(name, header_.getHeaderField(name)).first->second == wanted;
+  }
+
+ private:
+  class Field {
+   public:
+    template <class Read>
+    bool equals(uint64_t wantedKey, tvstring const &wanted, Read read) {
+      if (!known_) {
+        text_ = read();
+        key_ = keyOf(text_);
+        known_ = true;
+      }
+      return key_ == wantedKey && (key_ >> 8 * KEY_BYTES <= KEY_BYTES || text_ == wanted);
+    }
+
+   private:
+    tvstring text_;
+    uint64_t key_ = 0;
+    bool known_ = false;
+  };
+
+  MessageHeaderAdapter header_;
+  Field format_;
+  Field version_;
+  Field type_;
+  Properties others_;
+};
+
+MessageConfiguration *MessageConfiguration::firstMatch(std::vector<MessageConfiguration *> const &configurations,
+                                                       DataObject *header) {
+  HeaderFields fields(header);
+  for (MessageConfiguration *configuration : configurations)
+    if (configuration->matches(fields)) return configuration;
+  return nullptr;
+}
 
 bool MessageConfiguration::isMatch(DataObject *header) const {
   HeaderFields fields(header);
@@ -10,11 +82,11 @@ bool MessageConfiguration::isMatch(DataObject *header) const {
 }
 
 bool MessageConfiguration::matches(HeaderFields &header) const {
-  if (!messageFormat_.empty() && header.format() != messageFormat_) return false;
-  if (!messageVersion_.empty() && header.version() != messageVersion_) return false;
-  if (!messageType_.empty() && header.type() != messageType_) return false;
+  if (formatKey_ != 0 && !header.hasFormat(formatKey_, messageFormat_)) return false;
+  if (versionKey_ != 0 && !header.hasVersion(versionKey_, messageVersion_)) return false;
+  if (typeKey_ != 0 && !header.hasType(typeKey_, messageType_)) return false;
   for (auto const &[name, value] : matchProperties_)
-    if (header.field(name) != value) return false;
+    if (!header.hasField(name, value)) return false;
   return true;
 }
 

@@ -5,7 +5,7 @@
 
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Class.h"
-#include "tavrone/routing/OwnedPointers.h"
+#include "tavrone/core/OwnedPointers.h"
 
 namespace tavrone {
 

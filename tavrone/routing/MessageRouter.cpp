@@ -2,9 +2,8 @@
 
 #include <utility>
 
+#include "tavrone/core/OwnedPointers.h"
 #include "tavrone/core/Raise.h"
-#include "tavrone/routing/HeaderFields.h"
-#include "tavrone/routing/OwnedPointers.h"
 
 namespace tavrone {
 
@@ -56,9 +55,7 @@ MessageConfiguration *MessageRouter::getMessageConfiguration(InputSource &input)
   if (identificationService_ == nullptr) raise<TransformException>("No message identification service is set", SOURCE);
   SmartPtr<DataObject> const header = identificationService_->identifyMessage(input);
   if (header.isNull()) raise<UnrecognizedMessageException>("Unrecognized message format", SOURCE, 81);
-  HeaderFields fields(header.get());
-  for (MessageConfiguration *configuration : messageConfigurations_)
-    if (configuration->matches(fields)) return configuration;
+  if (auto *match = MessageConfiguration::firstMatch(messageConfigurations_, header.get())) return match;
   raise<UnhandledMessageException>("Cannot handle message " + header->toXMLString(), SOURCE, 89);
 }
 
