@@ -1,6 +1,7 @@
 #include "tavrone/pipeline/InputSource.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
@@ -57,7 +58,8 @@ class FileInputSourceTest : public testing::Test {
     std::ofstream(path, std::ios::binary) << text;
     return path.c_str();
   }
-  std::string path = testing::TempDir() + "tavrone_input_source";
+  // Tests run side by side, each in a process of its own.
+  std::string path = testing::TempDir() + "tavrone_input_source_" + std::to_string(getpid());
 };
 
 TEST_F(FileInputSourceTest, ReadsTheWholeFileAndEndsItWithAZero) {
