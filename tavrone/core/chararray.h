@@ -11,10 +11,11 @@ namespace tavrone {
 // behind it. Counted by a plain integer, 1 on creation; an array and its holders belong to one thread at a time.
 class TAVRONE_API chararray {
  public:
-  // A new array of `capacity` bytes, not initialised, with a count of 1.
+  // A new array of `capacity` bytes, not initialised, with a count of 1. Raises std::bad_array_new_length for more than
+  // an object can have.
   static chararray *create(size_t capacity);
 
-  // A new array that holds the whole old array's bytes. Releases `old`, which may be null.
+  // A new array that begins with the whole old array's bytes. Releases `old`, which may be null.
   // REQUIRES: capacity >= old->length()
   static chararray *resize(chararray *old, size_t capacity);
 
@@ -25,7 +26,7 @@ class TAVRONE_API chararray {
   chararray(chararray const &) = delete;
   chararray &operator=(chararray const &) = delete;
 
-  void addRef() { ++references_; }
+  void addRef() noexcept { ++references_; }
 
   // Drops one reference and frees the block with the last one.
   void releaseRef() noexcept {
@@ -49,8 +50,6 @@ class TAVRONE_API chararray {
 
  private:
   chararray(size_t capacity, char *characters) : characters_(characters), capacity_(capacity) {}
-  static void *operator new(size_t, void *place) { return place; }
-  static void operator delete(void *, void *) {}
   void destroy() noexcept;
 
   char *characters_;

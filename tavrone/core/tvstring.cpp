@@ -1,7 +1,12 @@
 #include "tavrone/core/tvstring.h"
 
+#include <emmintrin.h>
+
+#include <algorithm>
+#include <bit>
 #include <cctype>
 #include <exception>
+#include <functional>
 #include <new>
 
 #include "tavrone/core/Raise.h"
@@ -13,13 +18,13 @@ constinit tvstring const tvstring::EMPTY;
 chararray *chararray::create(size_t capacity) {
   if (capacity > static_cast<size_t>(PTRDIFF_MAX) - sizeof(chararray)) throw std::bad_array_new_length();
   void *block = ::operator new(sizeof(chararray) + capacity);
-  return new (block) chararray(capacity, static_cast<char *>(block) + sizeof(chararray));
+  return ::new (block) chararray(capacity, static_cast<char *>(block) + sizeof(chararray));
 }
 
 chararray *chararray::resize(chararray *old, size_t capacity) {
   chararray *grown = create(capacity);
   if (old != nullptr) {
-    std::memcpy(grown->characters_, old->characters_, old->capacity_);
+    std::memcpy(grown->characters_, old->characters_, std::min(old->capacity_, capacity));
     old->releaseRef();
   }
   return grown;
@@ -30,20 +35,26 @@ chararray::~chararray() noexcept(false) {
     raise<TransformException>("Ref count error. Illegal delete on tvstring object", "cpp/tvstring");
 }
 
-void chararray::destroy() noexcept { delete this; }
+void chararray::destroy() noexcept {
+  delete this;
+}
 
-tvstring::tvstring(char const *text) { init(text, text == nullptr ? 0 : std::strlen(text)); }
+tvstring::tvstring(char const *text) {
+  init(text, text == nullptr ? 0 : std::strlen(text));
+}
 
-tvstring::tvstring(char const *text, size_t length) { init(text, length); }
+tvstring::tvstring(char const *text, size_t length) {
+  init(text, length);
+}
 
-tvstring::tvstring(size_t count, char c) : length_(count) {
-  owner_ = chararray::create(count + 1);
-  data_ = owner_->getPtr();
-  std::memset(owner_->getPtr(), c, count);
+tvstring::tvstring(size_t count, char c) {
+  chararray *array = chararray::create(saturatedSum(count, 1));
+  std::memset(array->getPtr(), c, count);
+  assign0(array->getPtr(), count, array, false);
 }
 
 void tvstring::init(char const *text, size_t length) {
-  chararray *array = chararray::create(length + 1);
+  chararray *array = chararray::create(saturatedSum(length, 1));
   if (length != 0) std::memcpy(array->getPtr(), text, length);
   assign0(array->getPtr(), length, array, false);
 }
@@ -55,26 +66,30 @@ tvstring &tvstring::assign(char const *text, size_t length) {
   return *this;
 }
 
-char const *tvstring::c_str() const { return owner_ == nullptr ? data_ : terminate(); }
-
 char const *tvstring::terminate() const {
-  size_t const wanted = length_ + 1;
-  bool const fillsOwnArray = owner_->getRefCount() < 2 && wanted >= owner_->length();
-  bool const terminatorFits = static_cast<size_t>(data_ - owner_->getPtr()) + wanted <= owner_->length();
-  if (!terminatorFits || (!fillsOwnArray && wanted != owner_->length())) {
-    chararray *array = chararray::create(wanted);
-    std::memcpy(array->getPtr(), data_, length_);
-    owner_->releaseRef();
-    owner_ = array;
-    data_ = array->getPtr();
+  size_t const capacity = owner_->length();
+  size_t const offset = static_cast<size_t>(data_ - owner_->getPtr());
+  size_t const available = offset < capacity ? capacity - offset : 0;
+  size_t const wanted = saturatedSum(length_, 1);
+  bool const fillsOwnArray = owner_->getRefCount() < 2 && wanted >= capacity;
+  if ((fillsOwnArray || wanted == capacity) && wanted <= available) {
+    const_cast<char *>(data_)[length_] = '\0';
+    return data_;
   }
-  const_cast<char *>(data_)[length_] = '\0';
+  // A view: it moves to an array of its own. A length beyond the array, set by hand, reads as zeros there.
+  chararray *array = chararray::create(wanted);
+  size_t const held = std::min(length_, available);
+  std::memcpy(array->getPtr(), data_, held);
+  std::memset(array->getPtr() + held, 0, wanted - held);
+  owner_->releaseRef();
+  owner_ = array;
+  data_ = array->getPtr();
   return data_;
 }
 
 char *tvstring::ensureCleanFree(size_t n) {
   if (owner_ == nullptr || owner_->getRefCount() > 1 || owner_->length() <= n) {
-    chararray *array = chararray::create(n + 1);
+    chararray *array = chararray::create(saturatedSum(n, 1));
     clean();
     owner_ = array;
   }
@@ -84,73 +99,119 @@ char *tvstring::ensureCleanFree(size_t n) {
 }
 
 tvstring tvstring::span(tvstring const &other) const {
-  if (other.data_ < data_) return tvstring();
+  if (data_ == nullptr || other.data_ == nullptr || std::less<>()(other.data_, data_)) return tvstring();
   return tvstring(data_, other.length_ + static_cast<size_t>(other.data_ - data_), owner_, true);
 }
 
 size_t tvstring::find(tvstring const &text, size_t start) const {
   if (length_ < text.length_) return npos;
-  if (start >= length_) return length_ == 0 && start == 0 && text.length_ == 0 ? 0 : npos;
+  if (start >= length_) return length_ == 0 && start == 0 ? 0 : npos;
   if (text.length_ == 0) return start;
-  if (length_ - start < text.length_) return npos;
   void const *hit = memmem(data_ + start, length_ - start, text.data_, text.length_);
   return hit == nullptr ? npos : static_cast<size_t>(static_cast<char const *>(hit) - data_);
 }
 
 size_t tvstring::rfind(char c, size_t start) const {
   if (length_ == 0) return npos;
-  size_t const last = start < length_ - 1 ? start : length_ - 1;
-  void const *hit = memrchr(data_, c, last + 1);
+  void const *hit = memrchr(data_, c, std::min(start, length_ - 1) + 1);
   return hit == nullptr ? npos : static_cast<size_t>(static_cast<char const *>(hit) - data_);
 }
 
 size_t tvstring::rfind(tvstring const &text, size_t start) const {
   if (length_ < text.length_) return npos;
-  size_t const bound = length_ - text.length_;
-  for (size_t at = start < bound ? start : bound;; --at) {
+  size_t at = std::min(start, length_ - text.length_);
+  if (text.length_ == 0) return at;
+  for (size_t candidates = at + 1; candidates != 0; candidates = at) {
+    void const *first = memrchr(data_, text.data_[0], candidates);
+    if (first == nullptr) return npos;
+    at = static_cast<size_t>(static_cast<char const *>(first) - data_);
     if (equals(data_ + at, text.data_, text.length_)) return at;
-    if (at == 0) return npos;
   }
+  return npos;
 }
 
+namespace {
+
+template <class Word>
+Word load(char const *from) {
+  Word word;
+  std::memcpy(&word, from, sizeof word);
+  return word;
+}
+
+// Two words that overlap cover every n from one word's size to two; the smaller index that differs, or n.
+template <class Word>
+size_t firstDifferenceInTwo(char const *a, char const *b, size_t n) {
+  size_t const second = n - sizeof(Word);
+  if (Word const unequal = load<Word>(a) ^ load<Word>(b)) return static_cast<size_t>(std::countr_zero(unequal)) / 8;
+  Word const unequal = load<Word>(a + second) ^ load<Word>(b + second);
+  return unequal == 0 ? n : second + static_cast<size_t>(std::countr_zero(unequal)) / 8;
+}
+
+unsigned unequalBytes(char const *a, char const *b) {
+  return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(load<__m128i>(a), load<__m128i>(b)))) ^ 0xFFFFU;
+}
+
+// The first index at which a and b differ, or n.
+size_t firstDifference(char const *a, char const *b, size_t n) {
+  constexpr size_t BLOCK = sizeof(__m128i);
+  constexpr size_t STRIDE = 256;
+  if (n >= BLOCK) {
+    size_t i = 0;
+    while (n - i >= STRIDE && std::memcmp(a + i, b + i, STRIDE) == 0) i += STRIDE;
+    for (; n - i >= BLOCK; i += BLOCK)
+      if (unsigned const unequal = unequalBytes(a + i, b + i))
+        return i + static_cast<size_t>(std::countr_zero(unequal));
+    if (i == n) return n;
+    i = n - BLOCK;  // overlaps what is known to be equal
+    unsigned const unequal = unequalBytes(a + i, b + i);
+    return unequal == 0 ? n : i + static_cast<size_t>(std::countr_zero(unequal));
+  }
+  if (n >= 8) return firstDifferenceInTwo<uint64_t>(a, b, n);
+  if (n >= 4) return firstDifferenceInTwo<uint32_t>(a, b, n);
+  size_t i = 0;
+  while (i < n && a[i] == b[i]) ++i;
+  return i;
+}
+
+}  // namespace
+
 int tvstring::compare(char const *text, size_t length) const {
-  size_t const common = length_ < length ? length_ : length;
-  for (size_t i = 0; i < common; ++i)
-    if (data_[i] != text[i]) return static_cast<signed char>(data_[i]) - static_cast<signed char>(text[i]);
-  return static_cast<int>(static_cast<unsigned>(length_ - length));
+  size_t const common = std::min(length_, length);
+  size_t const at = data_ == text ? common : firstDifference(data_, text, common);
+  if (at < common) return static_cast<signed char>(data_[at]) - static_cast<signed char>(text[at]);
+  return static_cast<int>(static_cast<uint32_t>(length_ - length));
 }
 
 bool tvstring::equalsIgnoreCase(char const *a, char const *b, size_t n) {
-  for (size_t i = 0; i < n; ++i)
-    if (std::tolower(static_cast<unsigned char>(a[i])) != std::tolower(static_cast<unsigned char>(b[i]))) return false;
-  return true;
+  return std::equal(a, a + n, b, [](char x, char y) {
+    return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
+  });
 }
 
 tvstring tvstring::operator+(tvstring const &other) const {
   return addtvstrings(data_, length_, other.data_, other.length_);
 }
 
-namespace {
-
-// Gives addtvstrings the reach into a string's array without a second copy of the text.
-class FreshText : public tvstring {
- public:
-  explicit FreshText(size_t length) { ensureCleanFree(length); length_ = length; }
-  char *text() { return owner_->getPtr(); }
-};
-
-}  // namespace
-
 tvstring addtvstrings(char const *a, size_t aLength, char const *b, size_t bLength) {
-  FreshText sum(aLength + bLength);
-  if (aLength != 0) std::memcpy(sum.text(), a, aLength);
-  if (bLength != 0) std::memcpy(sum.text() + aLength, b, bLength);
-  return sum;
+  size_t const length = tvstring::saturatedSum(aLength, bLength);
+  chararray *array = chararray::create(tvstring::saturatedSum(length, 1));
+  if (aLength != 0) std::memcpy(array->getPtr(), a, aLength);
+  if (bLength != 0) std::memcpy(array->getPtr() + aLength, b, bLength);
+  return tvstring(array->getPtr(), length, array, false);
 }
 
-tvstring operator+(tvstring const &a, char b) { return addtvstrings(a.data(), a.length(), &b, 1); }
-tvstring operator+(tvstring const &a, char const *b) { return addtvstrings(a.data(), a.length(), b, std::strlen(b)); }
-tvstring operator+(char a, tvstring const &b) { return addtvstrings(&a, 1, b.data(), b.length()); }
-tvstring operator+(char const *a, tvstring const &b) { return addtvstrings(a, std::strlen(a), b.data(), b.length()); }
+tvstring operator+(tvstring const &a, char b) {
+  return addtvstrings(a.data(), a.length(), &b, 1);
+}
+tvstring operator+(tvstring const &a, char const *b) {
+  return addtvstrings(a.data(), a.length(), b, std::strlen(b));
+}
+tvstring operator+(char a, tvstring const &b) {
+  return addtvstrings(&a, 1, b.data(), b.length());
+}
+tvstring operator+(char const *a, tvstring const &b) {
+  return addtvstrings(a, std::strlen(a), b.data(), b.length());
+}
 
 }  // namespace tavrone

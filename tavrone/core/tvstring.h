@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstring>
 #include <string>
+#include <type_traits>
 
 #include "tavrone/core/Export.h"
 #include "tavrone/core/chararray.h"
@@ -16,7 +17,8 @@ namespace tavrone {
 // copy then. Whatever reads a value as data uses exactly [data(), data() + length()).
 //
 // Positions are size_t; "not found" is npos, all bits set. Positions and lengths are not checked unless said.
-// A string, and everything that shares its array, belongs to one thread at a time; text without an owner is free of that.
+// A string, and everything that shares its array, belongs to one thread at a time; text without an owner is free of
+// that.
 class TAVRONE_API tvstring {
  public:
   static constexpr size_t npos = static_cast<size_t>(-1);
@@ -86,12 +88,12 @@ class TAVRONE_API tvstring {
   // The first byte; no terminator is promised.
   char const *data() const { return data_; }
 
-  // The text with a terminator behind it. Text without an owner is returned as it stands: a substring of a literal reads
-  // on to the literal's end. A view on a larger array moves to an array of its own; other holders see no change.
-  char const *c_str() const;
+  // The text with a terminator behind it. Text without an owner is returned as it stands: a substring of a literal
+  // reads on to the literal's end. A view on a larger array moves to an array of its own; other holders see no change.
+  char const *c_str() const { return owner_ == nullptr ? data_ : terminate(); }
 
   // Room for `n` bytes and a terminator in an array of this string's own, the old text gone. The caller writes the text
-  // and then calls setBufferLength.
+  // and then calls setBufferLength. A negative n raises std::bad_array_new_length and leaves the string as it is.
   char *getBuffer(int n) { return ensureCleanFree(static_cast<size_t>(n)); }
   void setBufferLength(int n) { length_ = static_cast<size_t>(n); }
 
@@ -110,7 +112,8 @@ class TAVRONE_API tvstring {
 
   // Bytes from this text's start to the other's, for two views of one text.
   ptrdiff_t distance(tvstring const &other) const { return other.data_ - data_; }
-  // The view from this text's start through the other's end; empty if the other starts before this one.
+  // The view from this text's start through the other's end, for two views of one text; empty if the other starts
+  // first.
   tvstring span(tvstring const &other) const;
 
   // Bytes compare sign-extended: a positive c above 127 is never found.
@@ -129,8 +132,8 @@ class TAVRONE_API tvstring {
   // The last position at or below the smaller of start and length() - text.length(); an empty text gives that bound.
   size_t rfind(tvstring const &text, size_t start) const;
 
-  // The difference of the first unequal pair of bytes, taken as signed; with none, the low 32 bits of the difference of
-  // the lengths.
+  // The difference of the first unequal pair of bytes, which count as signed; with none, the low 32 bits of the
+  // difference of the lengths.
   int compare(char const *text, size_t length) const;
   int compare(char const *text) const { return compare(text, std::strlen(text)); }
   int compare(tvstring const &other) const { return compare(other.data_, other.length_); }
@@ -181,6 +184,9 @@ class TAVRONE_API tvstring {
   // An unshared array of more than n bytes, length 0; returns its start. The old text is gone.
   char *ensureCleanFree(size_t n);
 
+  // npos where the sum doesn't fit, so that no wrapped length ever reaches an allocation.
+  static constexpr size_t saturatedSum(size_t a, size_t b) { return a + b < a ? npos : a + b; }
+
   static constexpr char EMPTY_TEXT[8] = {};
 
   mutable char const *data_;
@@ -189,6 +195,7 @@ class TAVRONE_API tvstring {
 
  private:
   friend class Binary;
+  friend TAVRONE_API tvstring addtvstrings(char const *a, size_t aLength, char const *b, size_t bLength);
 
   void becomeView(char const *text, size_t length, chararray *owner) noexcept {
     chararray *old = owner_;
@@ -203,13 +210,23 @@ class TAVRONE_API tvstring {
   static bool equalsIgnoreCase(char const *a, char const *b, size_t n);
 };
 
+static_assert(sizeof(tvstring) == 3 * sizeof(void *) && std::is_standard_layout_v<tvstring>);
+static_assert(std::is_nothrow_move_constructible_v<tvstring> && std::is_nothrow_move_assignable_v<tvstring>);
+
+inline bool operator==(char const *a, tvstring const &b) {
+  return b == a;
+}
+inline bool operator!=(char const *a, tvstring const &b) {
+  return b != a;
+}
+
 // A string over static text: never copied, never owned, safe to read from every thread.
 class tvstringliteral : public tvstring {
  public:
   constexpr tvstringliteral(char const *text) noexcept : tvstring(text, nullptr) {}
 };
 
-// Both texts in a fresh array.
+// Both texts in a fresh array, not terminated.
 TAVRONE_API tvstring addtvstrings(char const *a, size_t aLength, char const *b, size_t bLength);
 TAVRONE_API tvstring operator+(tvstring const &a, char b);
 TAVRONE_API tvstring operator+(tvstring const &a, char const *b);

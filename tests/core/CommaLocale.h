@@ -1,0 +1,52 @@
+#pragma once
+
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <string>
+
+namespace tavrone {
+
+// Puts the process under a locale that writes "1,5" while it lives: one of the machine's, or one made by localedef in a
+// temporary folder.
+class CommaLocale {
+ public:
+  CommaLocale() : before_(std::setlocale(LC_ALL, nullptr)) {
+    for (char const *name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8"})
+      if (use(name)) return;
+    make();
+  }
+  ~CommaLocale() {
+    std::setlocale(LC_ALL, before_.c_str());
+    if (folder_.empty()) return;
+    unsetenv("LOCPATH");
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+  CommaLocale(CommaLocale const &) = delete;
+  CommaLocale &operator=(CommaLocale const &) = delete;
+
+  bool active() const { return active_; }
+
+ private:
+  bool use(char const *name) {
+    active_ = std::setlocale(LC_ALL, name) != nullptr && std::strcmp(std::localeconv()->decimal_point, ",") == 0;
+    return active_;
+  }
+  void make() {
+    char folder[] = "/tmp/tavrone-locale-XXXXXX";
+    if (mkdtemp(folder) == nullptr) return;
+    folder_ = folder;
+    std::string const made = (folder_ / "de_DE.UTF-8").string();
+    if (std::system(("localedef -i de_DE -f UTF-8 " + made + " >/dev/null 2>&1").c_str()) != 0) return;
+    setenv("LOCPATH", folder_.c_str(), 1);
+    use("de_DE.UTF-8");
+  }
+
+  std::string before_;
+  std::filesystem::path folder_;
+  bool active_ = false;
+};
+
+}  // namespace tavrone
