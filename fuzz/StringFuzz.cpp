@@ -1,0 +1,125 @@
+// Operations on a buffer, and on the strings cut from it, beside a std::string that holds what each of them should.
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "tavrone/core/tvstring.h"
+#include "tavrone/core/tvstringbuffer.h"
+
+namespace {
+
+using tavrone::tvstring;
+using tavrone::tvstringbuffer;
+
+void require(bool holds) {
+  if (!holds) std::abort();
+}
+
+std::string bytes(tvstring const &text) {
+  return std::string(text.data(), text.length());
+}
+
+int sign(int order) {
+  return (order > 0) - (order < 0);
+}
+
+// Takes numbers from the input; 0 at its end.
+class Choices {
+ public:
+  Choices(uint8_t const *data, size_t size) : at_(data), end_(data + size) {}
+  bool any() const { return at_ != end_; }
+  size_t next() { return any() ? *at_++ : 0; }
+  size_t below(size_t limit) { return limit == 0 ? 0 : next() % limit; }
+
+ private:
+  uint8_t const *at_;
+  uint8_t const *end_;
+};
+
+void checkSearch(tvstring const &text, std::string const &model, tvstring const &part, size_t start) {
+  std::string const needle = bytes(part);
+  size_t const expected = start < model.size()                            ? model.find(needle, start)
+                          : model.empty() && start == 0 && needle.empty() ? 0
+                                                                          : tvstring::npos;
+  require(text.find(part, start) == expected);
+  require(text.rfind(part, start) == model.rfind(needle, start));
+  if (part.empty()) return;
+  require(text.find(part[0], start) == model.find(needle[0], start));
+  require(text.rfind(part[0], start) == model.rfind(needle[0], start));
+}
+
+void checkOrder(tvstring const &a, tvstring const &b) {
+  auto const bySign = [](char x, char y) { return static_cast<signed char>(x) < static_cast<signed char>(y); };
+  std::string const x = bytes(a), y = bytes(b);
+  int const expected = std::lexicographical_compare(x.begin(), x.end(), y.begin(), y.end(), bySign)   ? -1
+                       : std::lexicographical_compare(y.begin(), y.end(), x.begin(), x.end(), bySign) ? 1
+                                                                                                      : 0;
+  require(sign(a.compare(b)) == expected);
+  require((a == b) == (expected == 0));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
+  Choices choices(data, size);
+  tvstringbuffer buffer;
+  std::string model;
+  std::vector<std::pair<tvstring, std::string>> kept;  // fresh strings, which no edit may change
+  while (choices.any() && model.size() < 5000) {
+    size_t const pos = choices.below(model.size() + 1);
+    size_t const n = choices.below(40);
+    tvstring const own = buffer.substr(pos, n);
+    std::string const part = model.substr(pos, n);
+    size_t const target = choices.below(model.size() + 1);
+    switch (choices.below(14)) {
+      case 0:
+        buffer.append(own), model.append(part);
+        break;
+      case 1:
+        buffer.insert(target, own), model.insert(target, part);
+        break;
+      case 2:
+        buffer.replace(target, n, own), model.replace(target, n, part);
+        break;
+      case 3:
+        buffer.erase(pos, n), model.erase(pos, n);
+        break;
+      case 4:
+        buffer.append(static_cast<int>(n) - 5, 'c'), model.append(n < 5 ? 0 : n - 5, 'c');
+        break;
+      case 5:
+        buffer.reserve(n * 8);
+        break;
+      case 6:
+        buffer.clear(), model.clear();
+        break;
+      case 7:
+        kept.emplace_back(buffer + own, model + part);
+        break;
+      case 8:
+        require(std::string(own.c_str(), part.size() + 1) == part + '\0');
+        break;
+      case 9:
+        checkSearch(buffer, model, own, target);
+        break;
+      case 10:
+        checkOrder(buffer.substr(target), own);
+        break;
+      case 11:
+        require(std::string(buffer.c_str(), model.size() + 1) == model + '\0');
+        break;
+      case 12:
+        if (!model.empty()) buffer[target % model.size()] = model[target % model.size()] = static_cast<char>(n);
+        break;
+      default:
+        char const c = static_cast<char>(choices.next());
+        buffer += c;
+        model += c;
+    }
+    require(bytes(buffer) == model);
+  }
+  for (auto const &[text, expected] : kept) require(bytes(text) == expected);
+  return 0;
+}
