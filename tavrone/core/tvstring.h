@@ -151,8 +151,10 @@ class TAVRONE_API tvstring {
   tvstring operator+(tvstring const &other) const;
 
  protected:
-  // Static text; only the first argument is read.
-  constexpr tvstring(char const *text, char const *) noexcept
+  // Static text; only the first argument is read. Takes any pointer as the second, but no literal 0: that is a length.
+  template <class Pointer>
+  requires std::is_convertible_v<Pointer, char const *>
+  constexpr tvstring(char const *text, Pointer) noexcept
       : data_(text), length_(std::char_traits<char>::length(text)), owner_(nullptr) {}
   // A view; adds a reference if told so and there is an owner.
   tvstring(char const *text, size_t length, chararray *owner, bool addRef) noexcept
@@ -175,7 +177,10 @@ class TAVRONE_API tvstring {
     owner_ = nullptr;
   }
 
-  void clean() noexcept { clean(owner_); }
+  void clean() noexcept {
+    clean(owner_);
+    owner_ = nullptr;
+  }
   static void clean(chararray *array) noexcept {
     if (array != nullptr) array->releaseRef();
   }

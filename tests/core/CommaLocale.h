@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace tavrone {
@@ -12,13 +13,13 @@ namespace tavrone {
 // temporary folder.
 class CommaLocale {
  public:
-  CommaLocale() : before_(std::setlocale(LC_ALL, nullptr)) {
+  CommaLocale() : before_(std::setlocale(LC_NUMERIC, nullptr)) {
     for (char const *name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8"})
       if (use(name)) return;
     make();
   }
   ~CommaLocale() {
-    std::setlocale(LC_ALL, before_.c_str());
+    std::setlocale(LC_NUMERIC, before_.c_str());
     if (folder_.empty()) return;
     unsetenv("LOCPATH");
     std::error_code ignored;
@@ -31,17 +32,20 @@ class CommaLocale {
 
  private:
   bool use(char const *name) {
-    active_ = std::setlocale(LC_ALL, name) != nullptr && std::strcmp(std::localeconv()->decimal_point, ",") == 0;
+    active_ = std::setlocale(LC_NUMERIC, name) != nullptr && std::strcmp(std::localeconv()->decimal_point, ",") == 0;
     return active_;
   }
   void make() {
     char folder[] = "/tmp/tavrone-locale-XXXXXX";
     if (mkdtemp(folder) == nullptr) return;
     folder_ = folder;
-    std::string const made = (folder_ / "de_DE.UTF-8").string();
-    if (std::system(("localedef -i de_DE -f UTF-8 " + made + " >/dev/null 2>&1").c_str()) != 0) return;
+    std::ofstream(folder_ / "source")
+        << "LC_NUMERIC\ndecimal_point \",\"\nthousands_sep \"\"\ngrouping -1\nEND LC_NUMERIC\n";
+    std::string const command = "localedef -c -i " + (folder_ / "source").string() + " " + (folder_ / "comma").string();
+    // It warns of the categories that are left out, and says so in its result: what counts is whether the locale works.
+    [[maybe_unused]] int const result = std::system((command + " >/dev/null 2>&1").c_str());
     setenv("LOCPATH", folder_.c_str(), 1);
-    use("de_DE.UTF-8");
+    use("comma");
   }
 
   std::string before_;

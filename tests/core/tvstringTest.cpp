@@ -52,6 +52,7 @@ TEST(tvstring, GivesEachConstructedTextAnArrayWithOneSpareByte) {
   EXPECT_EQ(Probe("a\0c", 3).length(), 3u);
   EXPECT_EQ(Probe(3, 'x').capacity(), 4u);
   EXPECT_EQ(tvstring(3, 'x'), "xxx");
+  EXPECT_TRUE(tvstring("abc", 0).empty());
   EXPECT_EQ(Probe(nullptr).capacity(), 1u);
   EXPECT_EQ(Probe().capacity(), 0u);
   EXPECT_TRUE(tvstring() == tvstring(nullptr));
@@ -202,7 +203,7 @@ TEST(tvstring, ComparesBytesAsSigned) {
   EXPECT_EQ(tvstring("\x80").compare("\x7F"), -255);
   EXPECT_TRUE(tvstring("a\xFF") < "ab");
   EXPECT_TRUE(tvstring("b") > tvstring("ab") && "b" == tvstring("b") && tvstring("b") != "bb");
-  for (size_t length : {1, 3, 4, 7, 8, 13, 16, 31, 33, 255, 256, 600})
+  for (size_t const length : {1U, 3U, 4U, 7U, 8U, 13U, 16U, 31U, 33U, 255U, 256U, 600U})
     for (size_t at = 0; at < length; ++at) {
       std::string a(length, 'x'), b(length, 'x');
       b[at] = '\xFE';
