@@ -15,8 +15,6 @@ namespace tavrone {
 
 constinit tvstringliteral const Object::OBJECT_TYPE("Object");
 
-Object::~Object() noexcept(false) = default;
-
 void Object::addRef() {}
 
 void Object::releaseRef() {
@@ -80,28 +78,6 @@ ObjectRef::~ObjectRef() noexcept(false) {
     raise<TransformException>(
         "Ref count error. Illegal delete for class " + Class(type_ != nullptr ? *type_ : typeid(*this)).getName(),
         "cpp/Object", 70);
-}
-
-void ObjectRef::addRef() {
-  checkThreadOwner();
-  if (references_++ == 0) type_ = &typeid(*this);
-}
-
-void ObjectRef::releaseRef() {
-  checkThreadOwner();
-  if (--references_ == 0) delete this;
-}
-
-void ObjectRef::decRef() {
-  if (references_ > 0) --references_;
-}
-
-void ObjectRef::addRef(Object *object) {
-  if (object != nullptr) object->addRef();
-}
-
-void ObjectRef::releaseRef(Object *object) {
-  if (object != nullptr) object->releaseRef();
 }
 
 }  // namespace tavrone

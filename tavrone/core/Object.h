@@ -27,7 +27,7 @@ class TAVRONE_API Object {
   Object() = default;
   Object(Object const &) = default;
   Object &operator=(Object const &) = default;
-  virtual ~Object() noexcept(false);
+  virtual ~Object() noexcept(false) = default;
 
   virtual void addRef();
   virtual void releaseRef();
@@ -84,18 +84,30 @@ class TAVRONE_API ObjectRef : public virtual Object {
   // failure is already on its way.
   ~ObjectRef() noexcept(false) override;
 
-  void addRef() override;
+  void addRef() override {
+    checkThreadOwner();
+    if (references_++ == 0) type_ = &typeid(*this);
+  }
   // At a count of 0 it goes on to -1 and deletes nothing.
-  void releaseRef() override;
+  void releaseRef() override {
+    checkThreadOwner();
+    if (--references_ == 0) delete this;
+  }
 
   // Decrements a count above 0; never deletes.
-  void decRef();
+  void decRef() {
+    if (references_ > 0) --references_;
+  }
   bool unique() const { return references_ == 1; }
   int getRefCount() const { return references_; }
 
   // Both take null.
-  static void addRef(Object *object);
-  static void releaseRef(Object *object);
+  static void addRef(Object *object) {
+    if (object != nullptr) object->addRef();
+  }
+  static void releaseRef(Object *object) {
+    if (object != nullptr) object->releaseRef();
+  }
 
   // Leaves both counts alone.
   ObjectRef &operator=(ObjectRef const &) { return *this; }

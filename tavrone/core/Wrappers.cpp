@@ -8,16 +8,9 @@ namespace tavrone {
 
 namespace {
 
-tvstring dateText(DateTime const &value) {
-  char text[256];
-  value.asString(text, sizeof text, "yyyy-MM-ddTHH:mm:ss.SSS");
-  return tvstring(text);
-}
+constinit tvstringliteral const DATE_PATTERN("yyyy-MM-ddTHH:mm:ss.SSS");
 
 }  // namespace
-
-WrapperObject::~WrapperObject() noexcept(false) = default;
-NumberObject::~NumberObject() noexcept(false) = default;
 
 tvstring IntObject::toString() const {
   return intToString(value_);
@@ -46,10 +39,10 @@ tvstring BinaryObject::toString() const {
 }
 
 tvstring DateObject::toString() const {
-  return dateText(value_);
+  return value_.toString(DATE_PATTERN);
 }
 tvstring ISODateObject::toString() const {
-  return dateText(value_);
+  return value_.toString(DATE_PATTERN);
 }
 
 SectionObject::~SectionObject() noexcept(false) {

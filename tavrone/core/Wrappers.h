@@ -22,10 +22,10 @@ class TAVRONE_API WrapperObject : public Object {
   ~WrapperObject() noexcept(false) override = 0;
 };
 
+inline WrapperObject::~WrapperObject() noexcept(false) = default;
+
 class TAVRONE_API NumberObject : public WrapperObject {
  public:
-  ~NumberObject() noexcept(false) override;
-
   int getInt() const override = 0;
   long long getLong() const override = 0;
   double getDouble() const override = 0;
