@@ -45,6 +45,13 @@ tvstring ISODateObject::toString() const {
   return value_.toString(DATE_PATTERN);
 }
 
+tvstring BigIntegerObject::toString() const {
+  return value_.toString();
+}
+tvstring BigDecimalObject::toString() const {
+  return value_.toString();
+}
+
 SectionObject::~SectionObject() noexcept(false) {
   if (owns_) delete section_;
 }

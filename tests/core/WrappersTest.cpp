@@ -86,6 +86,10 @@ std::vector<WrapperCase> wrapperCases() {
   add(new DateObject(date), new DateObject, "DateTime", "2024-02-29T13:04:05.006", "0000-01-01T00:00:00.000");
   add(new ISODateObject(ISODateTime(date, 330)), new ISODateObject, "ISODateTime", "2024-02-29T13:04:05.006",
       "0000-01-01T00:00:00.000");
+  add(new BigIntegerObject(BigInteger("-12345678901234567890")), new BigIntegerObject, "BigInteger",
+      "-12345678901234567890", "0");
+  add(new BigDecimalObject(BigDecimal("1234567890.0123456789")), new BigDecimalObject, "BigDecimal",
+      "1234567890.0123456789", "0");
   return cases;
 }
 
