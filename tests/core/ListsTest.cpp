@@ -1,0 +1,182 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <string>
+
+#include "tavrone/core/ObjectList.h"
+#include "tavrone/core/SmallStringMap.h"
+#include "tavrone/core/TList.h"
+#include "tavrone/core/Wrappers.h"
+
+namespace tavrone {
+namespace {
+
+std::string str(tvstring const &text) { return std::string(text.data(), text.length()); }
+
+template <class E>
+TList<E> list(std::initializer_list<E> elements) {
+  TList<E> made;
+  for (E const &element : elements) made.add(element);
+  return made;
+}
+
+template <class Action>
+void expectBadSubscript(Action const &action) {
+  try {
+    action();
+    ADD_FAILURE() << "no failure";
+  } catch (std::out_of_range const &failure) {
+    EXPECT_STREQ(failure.what(), "invalid vector<T> subscript");
+  }
+}
+
+TEST(TList, RendersEachElementType) {
+  EXPECT_EQ(str(TList<int>().toString()), "[]");
+  EXPECT_EQ(str(list<int>({1, -2}).toString()), "[1, -2]");
+  EXPECT_EQ(str(list<long long>({1LL << 40}).toString()), "[1099511627776]");
+  EXPECT_EQ(str(list<float>({1.5f, 2}).toString()), "[1.5, 2.0]");
+  EXPECT_EQ(str(list<double>({0.1}).toString()), "[0.1]");
+  EXPECT_EQ(str(list<char>({'a', 'b'}).toString()), "[a, b]");
+  EXPECT_EQ(str(list<bool>({true, false}).toString()), "[true, false]");
+  EXPECT_EQ(str(list<tvstring>({"x", ""}).toString()), "[x, ]");
+  EXPECT_EQ(str(list<Binary>({Binary("ab", 2)}).toString()), "[ab]");
+}
+
+TEST(TList, EditsByIndexAndRaisesOnBadOnes) {
+  auto numbers = list<int>({1, 2, 3, 2});
+  numbers.add(4, numbers[0]);
+  numbers.add(0, 9);
+  numbers.set(1, 7);
+  numbers.removeElementAt(2);
+  EXPECT_EQ(str(numbers.toString()), "[9, 7, 3, 2, 1]");
+  for (int bad : {-1, 5, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+    expectBadSubscript([&] { numbers[bad]; });
+    expectBadSubscript([&] { std::as_const(numbers)[bad]; });
+    expectBadSubscript([&] { numbers.set(bad, 0); });
+    expectBadSubscript([&] { numbers.removeElementAt(bad); });
+    if (bad != 5) expectBadSubscript([&] { numbers.add(bad, 0); });
+  }
+  auto flags = list<bool>({true, false});
+  flags[1] = true;
+  EXPECT_EQ(flags.lastIndexOf(true), 1);
+}
+
+TEST(TList, AddsItsOwnElements) {
+  auto texts = list<tvstring>({"a", "b"});
+  texts.addAll(texts);
+  texts.addAll(&texts[1], 3);
+  texts.addAll(&texts[1], -1);
+  for (int i = 0; i < 40; ++i) texts.add(texts[0]);
+  EXPECT_EQ(texts.size(), 47);
+  EXPECT_EQ(str(texts.toString()).substr(0, 27), "[a, b, a, b, b, a, b, a, a,");
+}
+
+TEST(TList, SearchesAndCompares) {
+  auto const numbers = list<int>({5, 6, 5});
+  EXPECT_EQ(numbers.indexOf(5), 0);
+  EXPECT_EQ(numbers.lastIndexOf(5), 2);
+  EXPECT_EQ(numbers.lastIndexOf(7), -1);
+  EXPECT_TRUE(numbers.contains(6) && !numbers.contains(7));
+  EXPECT_TRUE(numbers.intersects(list<int>({1, 6})) && !numbers.intersects(list<int>({1})));
+  EXPECT_TRUE(numbers.equals(list<int>({5, 6, 5})) && !numbers.equals(list<int>({5, 6})));
+
+  struct { std::initializer_list<int> a, b; int result; } const cases[] = {
+      {{1, 2}, {1, 2, 3}, -1}, {{1, 3}, {1, 2, 9}, 1}, {{1}, {2}, -1}, {{}, {}, 0}, {{1, 2, 3}, {}, 3}};
+  for (auto const &c : cases) EXPECT_EQ(list<int>(c.a).compareTo(list<int>(c.b)), c.result);
+  EXPECT_EQ(list<Binary>({Binary("a", 1)}).compareTo(list<Binary>({Binary("b", 1)})), 0);
+
+  double const nan = std::numeric_limits<double>::quiet_NaN();
+  auto const broken = list<double>({nan});
+  EXPECT_TRUE(broken.equals(broken) && !broken.equals(list<double>({nan})));
+}
+
+TEST(TList, CopiesHaveElementsOfTheirOwnInBothForms) {
+  TList<int> numbers = list<int>({1});
+  TList<std::vector<int>, int> wide = numbers;
+  wide.add(2);
+  numbers = wide;
+  std::unique_ptr<Object> const clone(static_cast<Object &>(numbers).clone());
+  numbers.clear();
+  ASSERT_NE(dynamic_cast<TList<int> *>(clone.get()), nullptr);
+  EXPECT_EQ(str(clone->toString()), "[1, 2]");
+}
+
+TEST(ArrayList, GrowsByTenAndTakesItsOwnElements) {
+  ArrayList<tvstring> texts;
+  EXPECT_EQ(texts.capacity(), 0);
+  texts.push_back("a");
+  for (int i = 1; i < 9; ++i) texts.push_back(texts.at(0));
+  EXPECT_EQ(texts.capacity(), 10);
+  texts.push_back(texts.at(0));
+  EXPECT_EQ(texts.capacity(), 20);
+  EXPECT_EQ(str(texts.at(9)), "a");
+  texts.pop_back();
+  EXPECT_EQ(texts.size(), 9);
+  texts.ensureFree(100);
+  tvstring const *const first = &texts.at(0);
+  for (int i = 0; i < 100; ++i) texts.push_back("b");
+  EXPECT_EQ(&texts.at(0), first);
+}
+
+class Counted : public ObjectRef {
+ public:
+  explicit Counted(int &alive) : alive_(alive) { ++alive_; }
+  Counted(Counted const &other) : Object(), ObjectRef(), alive_(other.alive_) { ++alive_; }
+  ~Counted() noexcept(false) override { --alive_; }
+  Object *clone() const override { return new Counted(*this); }
+  tvstring toString() const override { return "counted"; }
+
+ private:
+  int &alive_;
+};
+
+TEST(ObjectList, OwnsItsElementsAndClonesThem) {
+  int alive = 0;
+  {
+    ObjectList objects;
+    expectBadSubscript([&] { objects.at(0); });
+    EXPECT_EQ(objects.getListPtr()->getRefCount(), 2);  // the list's and this pointer's
+    objects.add(new Counted(alive));
+    objects.add(IntObject(5));
+    objects.add(nullptr);
+    EXPECT_EQ(str(objects.toString()), "[counted, 5, null]");
+    expectBadSubscript([&] { objects.get(3); });
+    expectBadSubscript([&] { objects[-1]; });
+    EXPECT_EQ(objects.getValue(1).getInt(), 5);
+
+    ObjectList shared = objects;
+    objects = *&objects;
+    std::unique_ptr<Object> const clone(objects.clone());
+    EXPECT_EQ(alive, 2);
+    shared.clear();
+    EXPECT_EQ(alive, 1);
+    EXPECT_EQ(objects.size(), 0);
+    EXPECT_EQ(str(clone->toString()), "[counted, 5, null]");
+  }
+  EXPECT_EQ(alive, 0);
+}
+
+TEST(SmallStringMap, HoldsOneReferenceOnEachValue) {
+  int alive = 0;
+  {
+    SmallStringMap map;
+    Counted *first = new Counted(alive);
+    map.put("a", first);
+    map.put("b", nullptr);
+    map.put("a", first);
+    EXPECT_EQ(first->getRefCount(), 1);
+    SmallStringMap const copy(map);
+    EXPECT_EQ(first->getRefCount(), 2);
+    map.put("a", new Counted(alive));
+    EXPECT_EQ(copy.get("a"), first);
+    EXPECT_NE(map.get("a"), first);
+    EXPECT_EQ(map.get("b"), nullptr);
+    EXPECT_EQ(map.get("ab"), nullptr);
+    EXPECT_EQ(alive, 2);
+  }
+  EXPECT_EQ(alive, 0);
+}
+
+}  // namespace
+}  // namespace tavrone
