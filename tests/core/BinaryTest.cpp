@@ -4,6 +4,7 @@
 
 #include <cctype>
 #include <string>
+#include <vector>
 #include <type_traits>
 
 #include "tavrone/core/BinaryText.h"
@@ -14,9 +15,15 @@ namespace {
 static_assert(sizeof(Binary) == 3 * sizeof(void *));
 static_assert(std::is_nothrow_move_constructible_v<Binary> && std::is_nothrow_move_assignable_v<Binary>);
 
-std::string str(tvstring const &text) { return std::string(text.data(), text.length()); }
-std::string str(Binary const &value) { return std::string(value.data(), value.length()); }
-Binary binary(std::string const &bytes) { return Binary(bytes.data(), bytes.size()); }
+std::string str(tvstring const &text) {
+  return std::string(text.data(), text.length());
+}
+std::string str(Binary const &value) {
+  return std::string(value.data(), value.length());
+}
+Binary binary(std::string const &bytes) {
+  return Binary(bytes.data(), bytes.size());
+}
 
 TEST(Binary, StartsAtTheStaticWordAndGoesBackThereWhenMovedFrom) {
   Binary value("abc", 3);
@@ -59,26 +66,50 @@ TEST(Binary, ComparesForEqualityButDoesNotOrder) {
 }
 
 TEST(Binary, WritesAndReadsHexLeniently) {
-  struct { char const *text; std::string bytes; } const cases[] = {
-      {"", ""}, {"00ff7Fe9", std::string("\0\xFF\x7F\xE9", 4)}, {"414", "A"}, {"4", ""},
-      {"G0", std::string(1, '\0')}, {"0g", "\x10"}, {" 1", "\x91"}, {"\xE9\x31", "\x21"}};
+  struct {
+    char const *text;
+    std::string bytes;
+  } const cases[] = {{"", ""},
+                     {"00ff7Fe9", std::string("\0\xFF\x7F\xE9", 4)},
+                     {"414", "A"},
+                     {"4", ""},
+                     {"G0", std::string(1, '\0')},
+                     {"0g", "\x10"},
+                     {" 1", "\x91"},
+                     {"\xE9\x31", "\x21"}};
   for (auto const &c : cases) EXPECT_EQ(str(Binary::fromHexString(c.text)), c.bytes) << c.text;
   EXPECT_EQ(str(binary("\xAB\x01\xef").toHexString()), "AB01EF");
 }
 
 TEST(Binary, ReadsBase64Leniently) {
-  struct { char const *text, *bytes; } const cases[] = {
-      {"", ""}, {"QQ==", "A"}, {"QUI=", "AB"}, {"QUJD", "ABC"}, {"+/+/", "\xFB\xFF\xBF"}, {"-_+/", "\xFB"},
-      {"Q", ""}, {"QQ", "A"}, {"QUI", "AB"}, {"QUJDR", "ABC"},  // values missing at the end
-      {"Q=", ""}, {"=QUJD", ""}, {"QQ==QUJD", "A"}, {"QQ=Q", "A"}, {"QUI=QUJD", "AB"},  // the first '=' ends it
-      {" Q\r\nU.J-D\t", "ABC"}, {"QU\xE9JD\xFF", "ABC"}};                              // what is skipped
+  struct {
+    char const *text, *bytes;
+  } const cases[] = {{"", ""},
+                     {"QQ==", "A"},
+                     {"QUI=", "AB"},
+                     {"QUJD", "ABC"},
+                     {"+/+/", "\xFB\xFF\xBF"},
+                     {"-_+/", "\xFB"},
+                     {"Q", ""},
+                     {"QQ", "A"},
+                     {"QUI", "AB"},
+                     {"QUJDR", "ABC"},  // values missing at the end
+                     {"Q=", ""},
+                     {"=QUJD", ""},
+                     {"QQ==QUJD", "A"},
+                     {"QQ=Q", "A"},
+                     {"QUI=QUJD", "AB"},  // the first '=' ends it
+                     {" Q\r\nU.J-D\t", "ABC"},
+                     {"QU\xE9JD\xFF", "ABC"}};  // what is skipped
   for (auto const &c : cases) EXPECT_EQ(str(Binary::fromBase64String(c.text)), c.bytes) << c.text;
 }
 
-// The rules character by character, for every length around the sizes of the blocks, with and without dirt, on every kind
-// of processor that this one can play.
+// The rules character by character, for every length around the sizes of the blocks, with and without dirt, on every
+// kind of processor that this one can play.
 std::string slowHexDecode(std::string const &text) {
-  auto const value = [](char c) { return c >= '0' && c <= '9' ? c - '0' : std::toupper(static_cast<unsigned char>(c)) - '7'; };
+  auto const value = [](char c) {
+    return c >= '0' && c <= '9' ? c - '0' : std::toupper(static_cast<unsigned char>(c)) - '7';
+  };
   std::string bytes;
   for (size_t i = 0; i + 1 < text.size(); i += 2) bytes += static_cast<char>(value(text[i]) * 16 + value(text[i + 1]));
   return bytes;

@@ -11,7 +11,9 @@
 namespace tavrone {
 namespace {
 
-std::string str(ByteBuffer const &buffer) { return std::string(buffer.str(), static_cast<size_t>(buffer.length())); }
+std::string str(ByteBuffer const &buffer) {
+  return std::string(buffer.str(), static_cast<size_t>(buffer.length()));
+}
 
 template <class Action>
 void expectOutOfBounds(Action const &action) {
@@ -57,7 +59,10 @@ TEST(ByteBuffer, HostileSizesChangeNothing) {
 }
 
 TEST(ByteBuffer, ReadsSignedBytesAndKeepsTheCursorStrictlyInside) {
-  ByteBuffer buffer("\xE9" "bcd", 4);
+  ByteBuffer buffer(
+      "\xE9"
+      "bcd",
+      4);
   EXPECT_EQ(buffer.read(), -23);
   for (int n : {3, 4, -1, INT_MAX, INT_MIN}) expectOutOfBounds([&] { buffer.getCursor(n); });
   EXPECT_EQ(std::string(buffer.getCursor(2), 2), "bc");

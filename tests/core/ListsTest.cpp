@@ -12,7 +12,9 @@
 namespace tavrone {
 namespace {
 
-std::string str(tvstring const &text) { return std::string(text.data(), text.length()); }
+std::string str(tvstring const &text) {
+  return std::string(text.data(), text.length());
+}
 
 template <class E>
 TList<E> list(std::initializer_list<E> elements) {
@@ -41,6 +43,7 @@ TEST(TList, RendersEachElementType) {
   EXPECT_EQ(str(list<bool>({true, false}).toString()), "[true, false]");
   EXPECT_EQ(str(list<tvstring>({"x", ""}).toString()), "[x, ]");
   EXPECT_EQ(str(list<Binary>({Binary("ab", 2)}).toString()), "[ab]");
+  EXPECT_EQ(str(list<DateTime>({DateTime(2024, 2, 9, 13, 5, 7, 42)}).toString()), "[2024-02-09T13:05:07.042]");
 }
 
 TEST(TList, EditsByIndexAndRaisesOnBadOnes) {
@@ -81,8 +84,10 @@ TEST(TList, SearchesAndCompares) {
   EXPECT_TRUE(numbers.intersects(list<int>({1, 6})) && !numbers.intersects(list<int>({1})));
   EXPECT_TRUE(numbers.equals(list<int>({5, 6, 5})) && !numbers.equals(list<int>({5, 6})));
 
-  struct { std::initializer_list<int> a, b; int result; } const cases[] = {
-      {{1, 2}, {1, 2, 3}, -1}, {{1, 3}, {1, 2, 9}, 1}, {{1}, {2}, -1}, {{}, {}, 0}, {{1, 2, 3}, {}, 3}};
+  struct {
+    std::initializer_list<int> a, b;
+    int result;
+  } const cases[] = {{{1, 2}, {1, 2, 3}, -1}, {{1, 3}, {1, 2, 9}, 1}, {{1}, {2}, -1}, {{}, {}, 0}, {{1, 2, 3}, {}, 3}};
   for (auto const &c : cases) EXPECT_EQ(list<int>(c.a).compareTo(list<int>(c.b)), c.result);
   EXPECT_EQ(list<Binary>({Binary("a", 1)}).compareTo(list<Binary>({Binary("b", 1)})), 0);
 
