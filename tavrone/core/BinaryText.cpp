@@ -153,39 +153,56 @@ size_t decodeBase64(char const *text, size_t n, char *bytes) {
 
 #define TAVRONE_AVX2 __attribute__((target("avx2")))
 
-TAVRONE_AVX2 inline __m256i load32(void const *at) {
-  return _mm256_loadu_si256(static_cast<__m256i const *>(at));
+// A table of 16 bytes in both halves, to be looked up by the low four bits of each byte.
+TAVRONE_AVX2 inline __m256i lookUpTable(std::array<uint8_t, 16> const &table) {
+  return _mm256_broadcastsi128_si256(load16(table.data()));
 }
 
-// `value` in the bytes that the mask selects.
-TAVRONE_AVX2 inline __m256i where(__m256i mask, char value) {
-  return _mm256_and_si256(mask, _mm256_set1_epi8(value));
-}
+// The alphabet consists of five ranges, in each of which the characters are the values plus an offset. A value's range:
+// 13 for capitals, 0 for small letters, 1 to 10 for the digits, 11 and 12 for the two signs.
+constexpr std::array<uint8_t, 16> OFFSET_OF_RANGE = [] {
+  std::array<uint8_t, 16> offsets{};
+  offsets.fill(static_cast<uint8_t>('0' - 52));
+  offsets[13] = 'A';
+  offsets[0] = 'a' - 26;
+  offsets[11] = static_cast<uint8_t>('+' - 62);
+  offsets[12] = static_cast<uint8_t>('/' - 63);
+  return offsets;
+}();
 
-TAVRONE_AVX2 inline __m256i isAbove(__m256i bytes, char bound) {
-  return _mm256_cmpgt_epi8(bytes, _mm256_set1_epi8(bound));
-}
-TAVRONE_AVX2 inline __m256i isEqual(__m256i bytes, char value) {
-  return _mm256_cmpeq_epi8(bytes, _mm256_set1_epi8(value));
-}
-TAVRONE_AVX2 inline __m256i inRange32(__m256i bytes, char low, char high) {
-  return _mm256_andnot_si256(isAbove(bytes, high), isAbove(bytes, static_cast<char>(low - 1)));
-}
+// What to add to a character for its value, by its high four bits; '/' takes the place before that of '+'.
+constexpr std::array<uint8_t, 16> OFFSET_OF_HIGH_BITS = [] {
+  std::array<uint8_t, 16> offsets{};
+  for (unsigned char c : {'0', 'A', 'P', 'a', 'p', '+'}) offsets[c >> 4] = static_cast<uint8_t>(BASE64_VALUES[c] - c);
+  offsets[('/' >> 4) - 1] = static_cast<uint8_t>(63 - '/');
+  return offsets;
+}();
 
-// BASE64_ALPHABET of 32 values. Its five ranges are the values plus an offset that changes from range to range.
-TAVRONE_AVX2 inline __m256i base64Characters(__m256i values) {
-  __m256i offset = _mm256_set1_epi8('A');
-  offset = _mm256_add_epi8(offset, where(isAbove(values, 25), ('a' - 26) - 'A'));
-  offset = _mm256_add_epi8(offset, where(isAbove(values, 51), ('0' - 52) - ('a' - 26)));
-  offset = _mm256_add_epi8(offset, where(isEqual(values, 62), ('+' - 62) - ('0' - 52)));
-  offset = _mm256_add_epi8(offset, where(isEqual(values, 63), ('/' - 63) - ('0' - 52)));
-  return _mm256_add_epi8(values, offset);
+// A character is outside the alphabet if the set for its low four bits and the one for its high four bits meet. Each
+// row of characters with the same high bits that belongs to the alphabet at least in part has a bit of its own; the
+// rest share one that is in every set of low bits.
+constexpr unsigned FIRST_ROW = 2, LAST_ROW = 7;
+constexpr uint8_t NO_ROW = 0x80;
+constexpr uint8_t rowBit(size_t row) {
+  return row < FIRST_ROW || row > LAST_ROW ? NO_ROW : static_cast<uint8_t>(1U << (row - FIRST_ROW));
 }
+constexpr std::array<uint8_t, 16> ROW_OF_HIGH_BITS = [] {
+  std::array<uint8_t, 16> rows{};
+  for (size_t row = 0; row < 16; ++row) rows[row] = rowBit(row);
+  return rows;
+}();
+constexpr std::array<uint8_t, 16> ROWS_WITHOUT_LOW_BITS = [] {
+  std::array<uint8_t, 16> rows{};
+  for (size_t c = 0; c < 256; ++c)
+    if (BASE64_VALUES[c] == NOT_IN_ALPHABET) rows[c & 15] |= rowBit(c >> 4);
+  return rows;
+}();
 
 TAVRONE_AVX2 void encodeBase64Avx2(char const *bytes, size_t n, char *text) {
   // Puts the three bytes of a group into 32 bits as 1 0 2 1, so that each character's bits stand whole in one half.
   __m256i const spread = _mm256_setr_epi8(1, 0, 2, 1, 4, 3, 5, 4, 7, 6, 8, 7, 10, 9, 11, 10,  //
                                           1, 0, 2, 1, 4, 3, 5, 4, 7, 6, 8, 7, 10, 9, 11, 10);
+  __m256i const offsets = lookUpTable(OFFSET_OF_RANGE);
   // 24 bytes are taken at a time; the second of the two loads reads four more.
   for (; n >= 28; n -= 24, bytes += 24, text += 32) {
     __m256i const both = _mm256_inserti128_si256(_mm256_castsi128_si256(load16(bytes)), load16(bytes + 12), 1);
@@ -196,8 +213,13 @@ TAVRONE_AVX2 void encodeBase64Avx2(char const *bytes, size_t n, char *text) {
         _mm256_mulhi_epu16(_mm256_and_si256(groups, _mm256_set1_epi32(0x0FC0FC00)), _mm256_set1_epi32(0x04000040));
     __m256i const even =
         _mm256_mullo_epi16(_mm256_and_si256(groups, _mm256_set1_epi32(0x003F03F0)), _mm256_set1_epi32(0x01000010));
-    _mm256_storeu_si256(reinterpret_cast<__m256i *>(text), base64Characters(_mm256_or_si256(odd, even)));
+    __m256i const values = _mm256_or_si256(odd, even);
+    __m256i const capitals = _mm256_and_si256(_mm256_cmpgt_epi8(_mm256_set1_epi8(26), values), _mm256_set1_epi8(13));
+    __m256i const ranges = _mm256_or_si256(_mm256_subs_epu8(values, _mm256_set1_epi8(51)), capitals);
+    __m256i const characters = _mm256_add_epi8(values, _mm256_shuffle_epi8(offsets, ranges));
+    _mm256_storeu_si256(reinterpret_cast<__m256i *>(text), characters);
   }
+  _mm256_zeroupper();
   encodeBase64Plain(bytes, n, text);
 }
 
@@ -211,31 +233,31 @@ TAVRONE_AVX2 inline __m256i joinBase64Values(__m256i values) {
 }
 
 TAVRONE_AVX2 void decodeCleanGroupsAvx2(Decoding &decoding) {
+  __m256i const lowMask = _mm256_set1_epi8(0x0F);
+  __m256i const rowsWithout = lookUpTable(ROWS_WITHOUT_LOW_BITS);
+  __m256i const rows = lookUpTable(ROW_OF_HIGH_BITS);
+  __m256i const offsets = lookUpTable(OFFSET_OF_HIGH_BITS);
   auto [text, end, bytes] = decoding;
+  char const *stop = end;
   for (; end - text >= 32; text += 32, bytes += 24) {
-    __m256i const characters = load32(text);
-    __m256i const capitals = inRange32(characters, 'A', 'Z');
-    __m256i const letters = inRange32(characters, 'a', 'z');
-    __m256i const digits = inRange32(characters, '0', '9');
-    __m256i const pluses = isEqual(characters, '+');
-    __m256i const slashes = isEqual(characters, '/');
-    __m256i const known =
-        _mm256_or_si256(_mm256_or_si256(_mm256_or_si256(capitals, letters), digits), _mm256_or_si256(pluses, slashes));
-    if (_mm256_movemask_epi8(known) != -1) {
-      decoding = {text, text + 32, bytes};
-      decodeCleanGroupsPlain(decoding);
-      decoding.end = end;
-      return;
+    __m256i const characters = _mm256_loadu_si256(reinterpret_cast<__m256i const *>(text));
+    __m256i const high = _mm256_and_si256(_mm256_srli_epi16(characters, 4), lowMask);
+    __m256i const low = _mm256_and_si256(characters, lowMask);
+    if (_mm256_testz_si256(_mm256_shuffle_epi8(rowsWithout, low), _mm256_shuffle_epi8(rows, high)) == 0) {
+      stop = text + 32;  // the groups before the stray character are still clean
+      break;
     }
-    __m256i offset = _mm256_or_si256(where(capitals, -'A'), where(letters, 26 - 'a'));
-    offset = _mm256_or_si256(offset, where(digits, 52 - '0'));
-    offset = _mm256_or_si256(offset, _mm256_or_si256(where(pluses, 62 - '+'), where(slashes, 63 - '/')));
+    __m256i const slashes = _mm256_cmpeq_epi8(characters, _mm256_set1_epi8('/'));
+    __m256i const offset = _mm256_shuffle_epi8(offsets, _mm256_add_epi8(high, slashes));
     __m256i const joined = joinBase64Values(_mm256_add_epi8(characters, offset));
     store16(bytes, _mm256_castsi256_si128(joined));
     _mm_storel_epi64(reinterpret_cast<__m128i *>(bytes + 16), _mm256_extracti128_si256(joined, 1));
   }
-  decoding = {text, end, bytes};
+  // Compilers leave it out before a call into this file, and then everything that follows is slowed down.
+  _mm256_zeroupper();
+  decoding = {text, stop, bytes};
   decodeCleanGroupsPlain(decoding);
+  decoding.end = end;
 }
 
 }  // namespace
