@@ -5,6 +5,7 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <memory>
@@ -162,7 +163,7 @@ struct Row {
 
 // A body with room for so many limbs, in use all of them, not yet written.
 M_APM_ *allocate(int64_t size, int64_t place, int sign, char const *operation) {
-  void *block = ::operator new(sizeof(M_APM_) + static_cast<size_t>(size) * sizeof(uint64_t), std::nothrow);
+  void *block = std::malloc(sizeof(M_APM_) + static_cast<size_t>(size) * sizeof(uint64_t));
   if (block == nullptr) reportOutOfMemory(operation);
   void *behind = static_cast<char *>(block) + sizeof(M_APM_);
   return new (block)
@@ -170,11 +171,10 @@ M_APM_ *allocate(int64_t size, int64_t place, int sign, char const *operation) {
 }
 
 // Drops zero limbs at the ends; null for zero.
-M_APM_ *normalise(M_APM_ *body) {
-  if (body->limbs[body->size - 1] != 0 && body->limbs[0] != 0) return body;
+M_APM_ *trimmed(M_APM_ *body) {
   Row const row = Row(body).trimmed();
   if (row.size == 0) {
-    ::operator delete(body);
+    std::free(body);
     return nullptr;
   }
   if (row.limbs != body->limbs) std::memmove(body->limbs, row.limbs, static_cast<size_t>(row.size) * sizeof(uint64_t));
@@ -183,13 +183,17 @@ M_APM_ *normalise(M_APM_ *body) {
   return body;
 }
 
-M_APM_ *copyOf(Row row, int sign) {
+inline M_APM_ *normalise(M_APM_ *body) {
+  return body->limbs[body->size - 1] != 0 && body->limbs[0] != 0 ? body : trimmed(body);
+}
+
+M_APM_ *copyOf(Row const &row, int sign) {
   M_APM_ *body = allocate(row.size, row.place, sign, "m_apm_copy");
   std::copy_n(row.limbs, row.size, body->limbs);
   return body;
 }
 
-int compareMagnitudes(Row a, Row b) {
+int compareMagnitudes(Row const &a, Row const &b) {
   if (a.top() != b.top()) return a.top() < b.top() ? -1 : 1;
   uint64_t const *atA = a.limbs + a.size;
   uint64_t const *atB = b.limbs + b.size;
@@ -198,7 +202,7 @@ int compareMagnitudes(Row a, Row b) {
   return a.size == b.size ? 0 : a.size < b.size ? -1 : 1;
 }
 
-M_APM_ *addMagnitudes(Row a, Row b, int sign) {
+M_APM_ *addMagnitudes(Row const &a, Row const &b, int sign) {
   int64_t const place = std::min(a.place, b.place);
   int64_t const top = std::max(a.top(), b.top());
   M_APM_ *sum = allocate(top - place + 1, place, sign, "m_apm_add");
@@ -209,12 +213,15 @@ M_APM_ *addMagnitudes(Row a, Row b, int sign) {
     carry = limb >= BASE ? 1 : 0;
     *out++ = limb - (carry != 0 ? BASE : 0);
   }
-  *out = carry;
+  if (carry != 0)
+    *out = carry;
+  else
+    --sum->size;
   return normalise(sum);
 }
 
 // REQUIRES: a > b
-M_APM_ *subtractMagnitudes(Row a, Row b, int sign) {
+M_APM_ *subtractMagnitudes(Row const &a, Row const &b, int sign) {
   int64_t const place = std::min(a.place, b.place);
   M_APM_ *difference = allocate(a.top() - place, place, sign, "m_apm_subtract");
   uint64_t *out = difference->limbs;
@@ -236,7 +243,7 @@ M_APM_ *addSigned(M_APM_ const *a, M_APM_ const *b, int signOfB) {
   return order > 0 ? subtractMagnitudes(a, b, a->sign) : subtractMagnitudes(b, a, signOfB);
 }
 
-M_APM_ *multiplyMagnitudes(Row a, Row b, int sign) {
+M_APM_ *multiplyMagnitudes(Row const &a, Row const &b, int sign) {
   // So many products and a carry stay below what splitLimb takes.
   constexpr int64_t PRODUCTS = 16;
   M_APM_ *product = allocate(a.size + b.size, a.place + b.place, sign, "m_apm_multiply");
@@ -315,7 +322,7 @@ void addBack(uint64_t *u, uint64_t const *v, int64_t size) {
 class Division {
  public:
   // REQUIRES: b is not zero, and a row from place + b.place on is as long as b's
-  Division(Row a, Row b, int64_t place)
+  Division(Row const &a, Row const &b, int64_t place)
       : size_(a.top() - b.place - place),
         divisorSize_(b.size),
         place_(place),
@@ -336,7 +343,7 @@ class Division {
   uint64_t const *rest() const { return rest_; }
 
  private:
-  void divideByRow(Row b) {
+  void divideByRow(Row const &b) {
     // The estimate of a limb needs a divisor whose first limb is at least half of the base.
     uint64_t const scale = BASE / (b.limbs[b.size - 1] + 1);
     std::copy_n(b.limbs, b.size, divisor_);
@@ -377,7 +384,7 @@ class Division {
 };
 
 // The row's digits from a position up, the rest dropped; rounded half away from zero if told so.
-M_APM_ *cutAt(Row row, int64_t position, bool rounded, int sign) {
+M_APM_ *cutAt(Row const &row, int64_t position, bool rounded, int sign) {
   int64_t const place = limbPlace(position);
   if (place < row.place) return copyOf(row, sign);
   uint64_t const unit = powerOf10(position - place * LIMB_DIGITS);
@@ -543,7 +550,7 @@ void writeLimb(uint64_t limb, char *out) {
 }
 
 // Exactly the digits at the positions from `first` down to `last`, zeros where the number has none; returns the end.
-char *writeDigits(Row row, int64_t first, int64_t last, char *out) {
+char *writeDigits(Row const &row, int64_t first, int64_t last, char *out) {
   while (first >= last) {
     int64_t const place = limbPlace(first);
     int64_t const bottom = place * LIMB_DIGITS;
@@ -852,7 +859,7 @@ void MAPM::create() {
 }
 
 void MAPM::destroy(M_APM_ *value) noexcept {
-  ::operator delete(value);
+  std::free(value);
 }
 
 }  // namespace tavrone

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace tavrone {
 
@@ -15,16 +16,22 @@ class DecimalReference {
   int scale = 0;       // never negative
 
   DecimalReference() = default;
-  // Fixed-point text: a sign, digits, a point.
+  // A number's text: a sign, digits, a point, an exponent. REQUIRES: well-formed
   explicit DecimalReference(std::string text) {
     negative = text[0] == '-';
-    if (negative) text.erase(0, 1);
+    if (negative || text[0] == '+') text.erase(0, 1);
+    size_t const mark = text.find_first_of("eE");
+    if (mark != std::string::npos) {
+      scale = -std::stoi(text.substr(mark + 1));
+      text.erase(mark);
+    }
     size_t const point = text.find('.');
     if (point != std::string::npos) {
-      scale = static_cast<int>(text.size() - point - 1);
+      scale += static_cast<int>(text.size() - point - 1);
       text.erase(point, 1);
     }
     digits = text;
+    if (scale < 0) digits.append(static_cast<size_t>(-std::exchange(scale, 0)), '0');
     trim();
   }
 
