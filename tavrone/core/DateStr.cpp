@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <cstring>
 
 #include "tavrone/core/DateTime.h"
@@ -14,6 +15,7 @@ namespace {
 
 constexpr char const *SOURCE = "cpp/date/DateStr";
 constexpr size_t SHORT_NAME = 3;
+constexpr size_t SCRATCH_SIZE = 256;
 
 // "00" to "59" and "1980" to "2029": the common values are copied, not computed.
 constexpr unsigned TWO_DIGITS_END = 60;
@@ -269,36 +271,71 @@ void eachRun(Visitor const &visit) {
   }
 }
 
-template <size_t Width>
-int readDigits(char const *text, bool &flawed) {
-  unsigned value = 0;
-  for (size_t i = 0; i < Width; ++i) {
-    unsigned const digit = static_cast<unsigned char>(text[i]) - static_cast<unsigned>('0');
-    flawed |= digit > 9;
-    value = value * 10 + digit;
+// What eight bytes of a text must be, at an offset into a pattern: digits where the pattern has letters, and its
+// literals.
+struct EightBytes {
+  uint64_t zeros = 0;      // '0' for a digit, the literal itself elsewhere
+  uint64_t carries = 0;    // lifts what is above 9 out of a digit's four bits
+  uint64_t forbidden = 0;  // bits that are none in a good text, once the zeros are taken off
+
+  template <FixedPattern P>
+  static consteval EightBytes at(size_t offset) {
+    EightBytes bytes;
+    for (size_t i = 0; i < 8; ++i) {
+      char const c = P.text[offset + i];
+      bool const digit = c == 'y' || c == 'M' || findField(c) != nullptr;
+      bytes.zeros |= static_cast<uint64_t>(digit ? '0' : c) << (8 * i);
+      bytes.carries |= static_cast<uint64_t>(digit ? 0x06 : 0x00) << (8 * i);
+      bytes.forbidden |= static_cast<uint64_t>(digit ? 0xF0 : 0xFF) << (8 * i);
+    }
+    return bytes;
   }
-  return static_cast<int>(value);
+
+  // Nonzero for a text that is not so. A carry out of a byte comes only from a bad one.
+  uint64_t flaws(char const *text) const {
+    uint64_t value;
+    std::memcpy(&value, text, sizeof value);  // the first byte is the lowest: x86-64
+    value ^= zeros;
+    return ((value + carries) | value) & forbidden;
+  }
+};
+
+// Whether the text has all the digits and literals of the pattern, from an offset on; the last eight bytes may overlap.
+template <FixedPattern P, size_t Offset = 0>
+bool isFlawless(char const *text) {
+  static_assert(P.length >= 8);
+  constexpr size_t last = P.length - 8;
+  constexpr EightBytes expected = EightBytes::at<P>(Offset);
+  if constexpr (Offset == last) {
+    return expected.flaws(text + Offset) == 0;
+  } else {
+    return expected.flaws(text + Offset) == 0 && isFlawless<P, std::min(Offset + 8, last)>(text);
+  }
+}
+
+template <size_t Width>
+int readDigits(char const *text) {
+  int const last = text[Width - 1] - '0';
+  if constexpr (Width == 1) {
+    return last;
+  } else {
+    return readDigits<Width - 1>(text) * 10 + last;
+  }
 }
 
 // False, with nothing read, unless each field has all of its digits and each literal is there.
 template <FixedPattern P>
 bool readFixed(char const *text, size_t length, BrokenDownTime &time) {
-  if (length != P.length) return false;
-  BrokenDownTime read = time;
-  bool flawed = false;
+  if (length != P.length || !isFlawless<P>(text)) return false;
   eachRun<P>([&]<char Letter, size_t At, size_t Run>() {
     if constexpr (Letter == 'y') {
-      read.year = readDigits<Run>(text + At, flawed);
+      time.year = readDigits<Run>(text + At);
     } else if constexpr (Letter == 'M') {
-      read.month = readDigits<Run>(text + At, flawed) - 1;
+      time.month = readDigits<Run>(text + At) - 1;
     } else if constexpr (constexpr Field const *field = findField(Letter); field != nullptr) {
-      read.*field->member = readDigits<Run>(text + At, flawed);
-    } else {
-      for (size_t i = 0; i < Run; ++i) flawed |= text[At + i] != Letter;
+      time.*field->member = readDigits<Run>(text + At);
     }
   });
-  if (flawed) return false;
-  time = read;
   return true;
 }
 
@@ -318,7 +355,7 @@ void writeYear(char *out, int year) {
   }
 }
 
-void writeMilliseconds(char *out, int value) {
+void writeMilliseconds(char *out, unsigned value) {
   out[0] = static_cast<char>('0' + value / 100);
   out[1] = static_cast<char>('0' + value / 10 % 10);
   out[2] = static_cast<char>('0' + value % 10);
@@ -330,11 +367,11 @@ bool writeFixed(char *out, size_t size, BrokenDownTime const &time) {
   bool usual = size > P.length;
   eachRun<P>([&]<char Letter, size_t At, size_t Run>() {
     if constexpr (Letter == 'y') {
-      usual &= isBelow(time.year, 10000);
+      usual = usual && isBelow(time.year, 10000);
     } else if constexpr (Letter == 'M') {
-      usual &= isBelow(time.month, TWO_DIGITS_END - 1);
+      usual = usual && isBelow(time.month, TWO_DIGITS_END - 1);
     } else if constexpr (constexpr Field const *field = findField(Letter); field != nullptr) {
-      usual &= isBelow(time.*field->member, field->width == 2 ? TWO_DIGITS_END : 1000);
+      usual = usual && isBelow(time.*field->member, field->width == 2 ? TWO_DIGITS_END : 1000);
     }
   });
   if (!usual) return false;
@@ -344,7 +381,7 @@ bool writeFixed(char *out, size_t size, BrokenDownTime const &time) {
     } else if constexpr (Letter == 'M') {
       writeTwoDigits(out + At, time.month + 1);
     } else if constexpr (Letter == 'S') {
-      writeMilliseconds(out + At, time.millisecond);
+      writeMilliseconds(out + At, static_cast<unsigned>(time.millisecond));
     } else if constexpr (constexpr Field const *field = findField(Letter); field != nullptr) {
       writeTwoDigits(out + At, time.*field->member);
     } else {
@@ -412,6 +449,29 @@ size_t DateStr::formatAnyPattern(char *out, size_t size, char const *pattern, si
 void DateStr::parseAnyPattern(char const *text, size_t length, char const *pattern, size_t patternLength,
                               BrokenDownTime &time) {
   Parser(text, length, pattern, patternLength).parse(time);
+}
+
+// The texts of DateTime stand here, beside the shortcuts that they take.
+
+tvstring DateTime::toString(tvstring const &pattern) const {
+  char scratch[SCRATCH_SIZE];
+  return tvstring(scratch, asString(scratch, sizeof scratch, pattern));
+}
+
+size_t DateTime::asString(char *buffer, size_t size, char const *pattern, size_t patternLength) const {
+  // Wraps at the lowest int; monthNumber wraps back.
+  int const month = static_cast<int>(static_cast<unsigned>(getMonth()) - 1u);
+  BrokenDownTime const time{getMilliseconds(), getSeconds(), getMinutes(), getHours(), getDate(), month, getYear()};
+  return DateStr::format(buffer, size, pattern, patternLength, time);
+}
+
+DateTime DateTime::fromString(char const *text, size_t length, char const *pattern, size_t patternLength) {
+  BrokenDownTime time;
+  DateStr::parse(text, length, pattern, patternLength, time);
+  DateTime const value(time.year, time.month + 1, time.dayOfMonth, time.hour, time.minute, time.second,
+                       time.millisecond);
+  if (!value.isValid()) value.validate();  // the test is inline, the failure is not
+  return value;
 }
 
 }  // namespace tavrone

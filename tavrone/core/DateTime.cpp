@@ -3,10 +3,8 @@
 #include <atomic>
 #include <climits>
 #include <cstdio>
-#include <cstring>
 #include <ctime>
 
-#include "tavrone/core/DateStr.h"
 #include "tavrone/core/Raise.h"
 
 namespace tavrone {
@@ -16,7 +14,6 @@ namespace {
 constexpr char const *SOURCE = "cpp/date/DateTime";
 constexpr long long LAST_JULIAN_DAY = 2299160;                         // 4 October 1582
 constinit TimeSpan const EPOCH(2440588LL * TimeDefs::SECONDS_IN_DAY);  // 1970-01-01
-constexpr size_t SCRATCH_SIZE = 256;
 
 constexpr long long floorDivide(long long a, long long b) {
   return a / b - (a % b < 0 ? 1 : 0);
@@ -55,26 +52,6 @@ LocalClock readLocalClock() {
   clock.milliseconds = static_cast<int>(now.tv_nsec / 1000000);
   localtime_r(&clock.seconds, &clock.local);
   return clock;
-}
-
-BrokenDownTime toBrokenDownTime(DateTime const &value) {
-  // Wraps at the lowest int; the formatter's month + 1 wraps back.
-  int const month = static_cast<int>(static_cast<unsigned>(value.getMonth()) - 1u);
-  return {value.getMilliseconds(), value.getSeconds(), value.getMinutes(), value.getHours(), value.getDate(), month,
-          value.getYear()};
-}
-
-size_t format(DateTime const &value, char *buffer, size_t size, char const *pattern, size_t patternLength) {
-  return DateStr::format(buffer, size, pattern, patternLength, toBrokenDownTime(value));
-}
-
-DateTime parse(char const *text, size_t length, char const *pattern, size_t patternLength) {
-  BrokenDownTime time;
-  DateStr::parse(text, length, pattern, patternLength, time);
-  DateTime const value(time.year, time.month + 1, time.dayOfMonth, time.hour, time.minute, time.second,
-                       time.millisecond);
-  value.validate();
-  return value;
 }
 
 }  // namespace
@@ -256,19 +233,6 @@ void DateTime::validate() const {
   if (!time_.isValid()) raise<TransformRuntimeException>(tvstring("Illegal time ") + time_.toString(), SOURCE);
 }
 
-tvstring DateTime::toString(tvstring const &pattern) const {
-  char scratch[SCRATCH_SIZE];
-  return tvstring(scratch, asString(scratch, sizeof scratch, pattern));
-}
-
-size_t DateTime::asString(char *buffer, size_t size, char const *pattern) const {
-  return format(*this, buffer, size, pattern, std::strlen(pattern));
-}
-
-size_t DateTime::asString(char *buffer, size_t size, tvstring const &pattern) const {
-  return format(*this, buffer, size, pattern.data(), pattern.length());
-}
-
 long long DateTime::toTimestamp() const {
   TimeSpan const span = getTimeSpan() - EPOCH;
   return span.getTotalSeconds() * 1000 + span.getMilliseconds();
@@ -285,14 +249,6 @@ DateTime DateTime::now() {
 
 DateTime DateTime::today() {
   return DateTime(Date::now(), Time());
-}
-
-DateTime DateTime::fromString(char const *text, char const *pattern) {
-  return parse(text, std::strlen(text), pattern, std::strlen(pattern));
-}
-
-DateTime DateTime::fromString(tvstring const &text, tvstring const &pattern) {
-  return parse(text.data(), text.length(), pattern.data(), pattern.length());
 }
 
 DateTime DateTime::fromTimestamp(long long milliseconds) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 
 #include "tavrone/core/tvstring.h"
 
@@ -202,8 +203,13 @@ class TAVRONE_API DateTime {
   // TransformRuntimeException "Illegal date <date>" where the pattern asks for the name of a month that does not exist.
   tvstring toString(tvstring const &pattern) const;
   // The same into the caller's buffer, cut at size - 1 bytes and terminated. Returns the length; allocates nothing.
-  size_t asString(char *buffer, size_t size, char const *pattern) const;
-  size_t asString(char *buffer, size_t size, tvstring const &pattern) const;
+  size_t asString(char *buffer, size_t size, char const *pattern) const {
+    return asString(buffer, size, pattern, std::strlen(pattern));
+  }
+  size_t asString(char *buffer, size_t size, tvstring const &pattern) const {
+    return asString(buffer, size, pattern.data(), pattern.length());
+  }
+  size_t asString(char *buffer, size_t size, char const *pattern, size_t patternLength) const;
   // Milliseconds since 1970-01-01 00:00:00, no zone applied; before it, the absolute value, with the peculiarities of
   // TimeSpan's difference.
   long long toTimestamp() const;
@@ -213,8 +219,13 @@ class TAVRONE_API DateTime {
   static DateTime today();
   // What the pattern does not name is taken from 1970-01-01 00:00:00.000; the result is validated. Raises
   // TransformRuntimeException with the words of DateStr::parse or of validate.
-  static DateTime fromString(char const *text, char const *pattern);
-  static DateTime fromString(tvstring const &text, tvstring const &pattern);
+  static DateTime fromString(char const *text, char const *pattern) {
+    return fromString(text, std::strlen(text), pattern, std::strlen(pattern));
+  }
+  static DateTime fromString(tvstring const &text, tvstring const &pattern) {
+    return fromString(text.data(), text.length(), pattern.data(), pattern.length());
+  }
+  static DateTime fromString(char const *text, size_t length, char const *pattern, size_t patternLength);
   // The reverse of toTimestamp; a negative argument's absolute value is subtracted from 1970, with the peculiarities of
   // TimeSpan's difference: -1 gives 00:00:01.999.
   static DateTime fromTimestamp(long long milliseconds);
