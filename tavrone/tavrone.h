@@ -25,6 +25,7 @@
 #include "tavrone/core/Object.h"
 #include "tavrone/core/OwnedPointers.h"
 #include "tavrone/core/ObjectList.h"
+#include "tavrone/core/Parsing.h"
 #include "tavrone/core/Properties.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/ResourceBundle.h"

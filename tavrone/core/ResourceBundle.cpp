@@ -5,7 +5,6 @@
 #include "tavrone/core/ObjectList.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/Wrappers.h"
-#include "tavrone/core/tvstringbuffer.h"
 
 namespace tavrone {
 
@@ -99,39 +98,57 @@ class ClosingBrace {
   bool found_ = false;
 };
 
+// The text in the making. Always has room for what is left of the pattern, which at least covers literal text.
+class MessageText : private tvstring {
+ public:
+  explicit MessageText(size_t room) : at_(ensureCleanFree(room)), room_(room) {}
+
+  void put(char c) { *at_++ = c; }
+  void append(tvstring const &text, size_t patternLeft) {
+    size_t const used = static_cast<size_t>(at_ - data());
+    size_t const needed = used + text.length() + patternLeft;
+    if (needed > room_) {
+      MessageText larger(2 * needed);
+      std::memcpy(larger.at_, data(), used);
+      larger.at_ += used;
+      *this = std::move(larger);
+    }
+    std::memcpy(at_, text.data(), text.length());
+    at_ += text.length();
+  }
+  tvstring take() {
+    length_ = static_cast<size_t>(at_ - data());
+    return std::move(*this);
+  }
+
+ private:
+  char *at_;
+  size_t room_;
+};
+
 }  // namespace
 
 tvstring formatMessage(tvstring const &pattern, ObjectList const &args) {
   constexpr size_t ROOM_FOR_ARGUMENTS = 64;
-  tvstringbuffer out;
-  out.reserve(pattern.length() + ROOM_FOR_ARGUMENTS);
-
+  MessageText out(pattern.length() + ROOM_FOR_ARGUMENTS);
   char const *const end = pattern.data() + pattern.length();
-  char const *pending = pattern.data();  // literal text from here to `at` is still to be copied
-  ClosingBrace closing(pending, end);
-  auto copyTo = [&](char const *to) { out.append(pending, static_cast<size_t>(to - pending)); };
-
-  for (char const *at = pending; at != end;) {
-    if (*at == '{') {
+  ClosingBrace closing(pattern.data(), end);
+  for (char const *at = pattern.data(); at != end;) {
+    char const c = *at++;
+    if (c == '{') {
       char const *close = closing.from(at);
-      int const index = close == nullptr ? -1 : placeholderIndex(at + 1, close);
+      int const index = close == nullptr ? -1 : placeholderIndex(at, close);
       if (index >= 0 && index < args.size()) {
-        copyTo(at);
-        if (Object const *argument = args[index]) out.append(argument->toString());
-        pending = close + 1;
-        at = pending;
+        at = close + 1;
+        if (Object const *argument = args[index]) out.append(argument->toString(), static_cast<size_t>(end - at));
         continue;
       }
-    } else if (*at == '\'' && end - at > 1 && at[1] == '\'') {
-      copyTo(at + 1);
-      pending = at + 2;
-      at = pending;
-      continue;
+    } else if (c == '\'' && at != end && *at == '\'') {
+      ++at;
     }
-    ++at;
+    out.put(c);
   }
-  copyTo(end);
-  return out;
+  return out.take();
 }
 
 tvstring catalogueMessage(char const *key, ObjectList const &arguments) {

@@ -11,6 +11,7 @@
 #include "tavrone/core/ObjectList.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/Wrappers.h"
+#include "tests/Failure.h"
 
 namespace tavrone {
 namespace {
@@ -160,25 +161,20 @@ TEST(formatMessage, StaysLinearOnBraces) {
 }
 
 TEST(raiseCatalogued, FormatsTheRowAndStampsThePlace) {
-  try {
-    raiseCatalogued<FieldNotFoundException>("SRT165", "F1", "cpp/Somewhere", 12);
-  } catch (FieldNotFoundException const &failure) {
-    EXPECT_EQ(failure.getMessage(), "Field with name 'F1' not defined.");
-    EXPECT_EQ(failure.getTraceString(), "cpp/Somewhere:12:");
-  }
+  Failure const byText = failureOf<FieldNotFoundException>(
+      [] { raiseCatalogued<FieldNotFoundException>("SRT165", "F1", "cpp/Somewhere", 12); });
+  EXPECT_EQ(byText.text, "Field with name 'F1' not defined.");
+  EXPECT_EQ(byText.source, "cpp/Somewhere");
+  EXPECT_EQ(byText.line, 12);
+
   ObjectList args;
   args.add(StringObject("12"));
   args.add(IntObject(8));
-  try {
-    raiseCatalogued<TransformException>("UNV127", args, "cpp/Somewhere");
-  } catch (TransformException const &failure) {
-    EXPECT_EQ(failure.getMessage(), "Cannot represent '12' in '8' characters.");
-  }
-  try {
-    raiseCatalogued<TransformException>("NONE", args, "cpp/Somewhere");
-  } catch (TransformException const &failure) {
-    EXPECT_EQ(failure.getMessage(), "");
-  }
+  auto const raised = [&](char const *key) {
+    return failureOf<TransformException>([&] { raiseCatalogued<TransformException>(key, args, "cpp/Somewhere"); }).text;
+  };
+  EXPECT_EQ(raised("UNV127"), "Cannot represent '12' in '8' characters.");
+  EXPECT_EQ(raised("NONE"), "");
 }
 
 }  // namespace

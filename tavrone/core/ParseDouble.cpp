@@ -1,5 +1,3 @@
-#include "tavrone/core/DoubleText.h"
-
 #include <emmintrin.h>
 
 #include <array>
@@ -8,6 +6,8 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+
+#include "tavrone/core/Parsing.h"
 
 // Three ways to a value, tried in this order:
 //  - a price: up to 8 digits, a point, up to 8 digits, no exponent. Both runs of digits are read by arithmetic on one
@@ -243,21 +243,18 @@ double readPrefix(char const *at, char const *end) {
 
 }  // namespace
 
-bool readDouble(char const *text, size_t length, double &value) {
-  char const *at = text;
-  char const *const end = text + length;
+double Parsing::parseDouble(tvstring const &text) {
+  char const *at = text.data();
+  char const *const end = at + text.length();
   bool negative = false;
   if (at != end && isSign(*at)) negative = *at++ == '-';
+  double value;
   if (at == end || !(readPrice(at, static_cast<size_t>(end - at), value) || readShortNumber(at, end, value))) {
-    if (!hasOnlyNumberCharacters(at, end)) return false;
-    if (!beginsWithNumber(at, end)) {
-      value = 0.0;  // never -0.0: there is no number that a sign could belong to
-      return true;
-    }
+    if (!hasOnlyNumberCharacters(at, end)) raiseCannotConvert(text, "double");
+    if (!beginsWithNumber(at, end)) return 0.0;  // never -0.0: there is no number that a sign could belong to
     value = readPrefix(at, end);
   }
-  if (negative) value = -value;
-  return true;
+  return negative ? -value : value;
 }
 
 }  // namespace tavrone

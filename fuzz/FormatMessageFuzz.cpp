@@ -1,0 +1,50 @@
+// formatMessage against a plain reading of its rules, which lets t_atoi throw. The first byte says how many arguments
+// there are.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "tavrone/core/Conversion.h"
+#include "tavrone/core/Exceptions.h"
+#include "tavrone/core/ObjectList.h"
+#include "tavrone/core/ResourceBundle.h"
+#include "tavrone/core/Wrappers.h"
+
+namespace {
+
+int indexAt(std::string const &pattern, size_t open) {
+  size_t const close = pattern.find('}', open);
+  if (close == std::string::npos) return -1;
+  try {
+    return t_atoi(pattern.data() + open + 1, pattern.data() + close);
+  } catch (tavrone::TransformException const &) {
+    return -1;
+  }
+}
+
+std::string model(std::string const &pattern, tavrone::ObjectList const &args) {
+  std::string out;
+  for (size_t i = 0; i < pattern.size();) {
+    int const index = pattern[i] == '{' ? indexAt(pattern, i) : -1;
+    if (index >= 0 && index < args.size()) {
+      out += args[index]->toString().c_str();
+      i = pattern.find('}', i) + 1;
+    } else {
+      out += pattern[i];
+      i += pattern.compare(i, 2, "''") == 0 ? 2 : 1;
+    }
+  }
+  return out;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
+  if (size == 0) return 0;
+  tavrone::ObjectList args;
+  for (int i = 0; i < data[0] % 4; ++i) args.add(tavrone::IntObject(100 + i));
+  std::string const pattern(reinterpret_cast<char const *>(data) + 1, size - 1);
+  tavrone::tvstring const out = formatMessage(tavrone::tvstring(pattern.data(), pattern.length()), args);
+  if (std::string(out.data(), out.length()) != model(pattern, args)) std::abort();
+  return 0;
+}

@@ -1,0 +1,164 @@
+#include "tavrone/core/Parsing.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cstdlib>
+#include <memory>
+#include <sstream>
+
+#include "tests/Failure.h"
+
+namespace tavrone {
+namespace {
+
+std::string textOf(tvstring const &text) {
+  return std::string(text.data(), text.length());
+}
+
+TEST(Parsing, ReadsDoublesAsTheCLibraryDoes) {
+  std::string const texts[] = {
+      "", "-", "+", "--", "+-5", "-.", ".", "..", "1e5", "1e", "1e+", "-1e-", "+.5", "5.", "-0", "1.2.3", "1-2", "e5",
+      // Every length of both runs of digits around the price's word size, and the limits of the exact arithmetic.
+      "1.5", "12.25", "1234567.12345678", "1234567.123456789", "12345678.12345678", ".12345678", "12345678",
+      "123456789", "9007199254740992", "9007199254740993", "9007199254740993e22", "1e22", "1e23", "1e-22", "1e-23",
+      "8.5e-7", "1234567890123456789", "12345678901234567890", "0.1234567890123456789",
+      // The ends of the range.
+      "1.7976931348623157e308", "1.7976931348623159e308", "-1e999", "4.9e-324", "2.4703282292062327e-324",
+      "2.4703282292062328e-324", "-1e-999", "0e99999999999999999999", "1e99999999999999999999",
+      "1e-99999999999999999999",
+      // What only very long texts can say.
+      "0." + std::string(70000, '0') + "1e70001", "1" + std::string(70000, '0') + "e-70000",
+      "9007199254740993" + std::string(1000, '0') + "e-1000", "9007199254740993." + std::string(1000, '0') + "1"};
+  for (std::string const &text : texts) {
+    double const value = Parsing::parseDouble(tvstring(text.data(), text.length()));
+    EXPECT_EQ(std::bit_cast<uint64_t>(value), std::bit_cast<uint64_t>(std::strtod(text.c_str(), nullptr)))
+        << text.substr(0, 40);
+  }
+  EXPECT_EQ(Parsing::parseDouble(tvstring("12.3456").substr(0, 4)), 12.3);
+  EXPECT_EQ(Parsing::parseFloat("0.1"), 0.1F);
+  for (char const *text : {"1x", " 1", "1,5", "0x10", "inf", "nan", "1.5\n"})
+    EXPECT_EQ(failureOf<TransformException>([&] { Parsing::parseDouble(text); }).text,
+              "Cannot convert '" + std::string(text) + "' to double");
+}
+
+TEST(Parsing, ReadsTruthAndCharactersExactly) {
+  EXPECT_TRUE(Parsing::parseBool("TRUE"));
+  EXPECT_FALSE(Parsing::parseBoolean("False"));
+  for (char const *text : {"", "tru", "true ", "1"})
+    EXPECT_EQ(failureOf<TransformException>([&] { Parsing::parseBool(text); }).text,
+              "Cannot convert " + std::string(text) + " to boolean");
+  EXPECT_EQ(Parsing::parseChar("\xE9"), '\xE9');
+  Failure const failure = failureOf<TransformException>([] { Parsing::parseChar("ab"); });
+  EXPECT_EQ(failure.text, "Cannot convert ab to char");
+  EXPECT_EQ(failure.source, "cpp/Parsing");
+}
+
+TEST(Parsing, MakesTheObjectOfAType) {
+  struct {
+    char const *text, *type, *shown, *objectType;
+  } const cases[] = {
+      {"a b", "String", "a b", "String"},
+      {"-7", "Integer", "-7", "Integer"},
+      {"9999999999", "Long", "9999999999", "Long"},
+      {"12.9", "BigInteger", "12", "BigInteger"},
+      {"1e2", "BigDecimal", "100", "BigDecimal"},
+      {"01", "Binary", "01", "Binary"},
+      {"1.25", "Float", "1.25", "Float"},
+      {"1e5", "Double", "100000.0", "Double"},
+      {"20260131", "DateTime", "2026-01-31T00:00:00.000", "DateTime"},
+      {"23:59:58.007", "DateTime", "1970-01-01T23:59:58.007", "DateTime"},
+      {"20260131-23:59:58.007", "DateTime", "2026-01-31T23:59:58.007", "DateTime"},
+      {"20260131", "DateOnly", "2026-01-31T00:00:00.000", "DateTime"},
+      {"23:59:58.007", "TimeOnly", "1970-01-01T23:59:58.007", "DateTime"},
+      {"tRUE", "Boolean", "true", "Boolean"},
+      {"x", "Character", "x", "Character"},
+  };
+  for (auto const &c : cases) {
+    std::unique_ptr<Object> const object(Parsing::toRuntimeObject(c.text, c.type));
+    ASSERT_NE(object, nullptr) << c.type;
+    EXPECT_EQ(textOf(object->toString()), c.shown) << c.type;
+    EXPECT_EQ(textOf(object->getObjectType()), c.objectType);
+  }
+  for (char const *type : {"DateTime", "DateOnly", "TimeOnly", "Character"})
+    EXPECT_EQ(Parsing::toRuntimeObject("", type), nullptr) << type;
+}
+
+TEST(Parsing, RefusesWhatIsNoObjectOfTheType) {
+  struct {
+    char const *text, *type, *failure, *source;
+  } const cases[] = {
+      {"x", "ISODate", "Cannot convert 'x' to ISODate", "cpp/Parsing"},
+      {"x", "string", "Cannot convert 'x' to string", "cpp/Parsing"},
+      {"ab", "Character", "Cannot convert 'ab' to Character", "cpp/Parsing"},
+      {"", "Integer", "Cannot convert '' to int", "cpp/Conversion"},
+      {"1.5x", "Float", "Cannot convert '1.5x' to double", "cpp/Parsing"},
+      {"yes", "Boolean", "Cannot convert yes to boolean", "cpp/Parsing"},
+      {"1..2", "BigDecimal", "'m_apm_set_string', Non-digit char found in parse", "cpp/MAPM"},
+  };
+  for (auto const &c : cases) {
+    Failure const failure = failureOf<TransformException>([&] { Parsing::toRuntimeObject(c.text, c.type); });
+    EXPECT_EQ(failure.text, c.failure);
+    EXPECT_EQ(failure.source, c.source);
+  }
+  // No ':' means a date, whatever else stands there.
+  EXPECT_EQ(failureOf<TransformRuntimeException>([] { Parsing::toRuntimeObject("2026-01", "DateTime"); }).text,
+            "Illegal date 2026-00-01");
+}
+
+TEST(Parsing, WritesDatesWithTheirMillisecondsOnlyIfTheyHaveSome) {
+  DateObject const whole(DateTime(2026, 1, 31, 23, 59, 58, 0)), split(DateTime(2026, 1, 31, 23, 59, 58, 7));
+  struct {
+    char const *type, *whole, *split;
+  } const cases[] = {{"DateTime", "2026-01-31T23:59:58", "2026-01-31T23:59:58.007"},
+                     {"DateOnly", "2026-01-31", "2026-01-31"},
+                     {"TimeOnly", "23:59:58", "23:59:58.007"},
+                     {"", "2026-01-31T23:59:58.000", "2026-01-31T23:59:58.007"}};
+  for (auto const &c : cases) {
+    EXPECT_EQ(textOf(Parsing::runtimeObjectToString(&whole, c.type)), c.whole);
+    EXPECT_EQ(textOf(Parsing::runtimeObjectToString(&split, c.type)), c.split);
+  }
+  BinaryObject const bytes(Binary("\x01\xFE", 2));
+  EXPECT_EQ(Parsing::runtimeObjectToString(&bytes, "Binary"), "01FE");
+  EXPECT_EQ(failureOf<TransformException>([&] { Parsing::runtimeObjectToString(&bytes, "DateOnly"); }).text,
+            "Cannot convert Binary to DateTime");
+  tvstring out("yyyy");
+  EXPECT_EQ(Parsing::formatDate(whole.getDate(), out, out), "2026");
+}
+
+TEST(Parsing, FramesTextByItsLength) {
+  std::stringstream stream;
+  std::string const longest(65535, 'x');
+  Parsing::writeUTF(stream, tvstring("a\0\xE9", 3));
+  Parsing::writeUTF(stream, longest.c_str());
+  Parsing::writeUTF(stream, "");
+  EXPECT_EQ(stream.str().substr(0, 7), std::string("\0\3a\0\xE9\xFF\xFF", 7));
+  EXPECT_EQ(textOf(Parsing::readUTF(stream)), std::string("a\0\xE9", 3));
+  EXPECT_EQ(textOf(Parsing::readUTF(stream)), longest);
+  EXPECT_EQ(Parsing::readUTF(stream), "");
+
+  std::ostringstream untouched;
+  EXPECT_EQ(failureOf<TransformException>([&] { Parsing::writeUTF(untouched, (longest + 'x').c_str()); }).text,
+            "Out of bounds");
+  EXPECT_EQ(untouched.str(), "");
+  for (std::string const &bytes : {std::string(), std::string("\0", 1), std::string("\0\2a", 3)}) {
+    std::istringstream cut(bytes);
+    EXPECT_EQ(failureOf<TransformException>([&] { Parsing::readUTF(cut); }).text, "Out of bounds");
+  }
+}
+
+TEST(Parsing, ReadsWrappersStrictlyOrNot) {
+  DoubleObject const number(2.5);
+  EXPECT_EQ(Parsing::intValue(&number), 2);
+  EXPECT_EQ(Parsing::doubleValueWithNull(&number), 2.5);
+  EXPECT_EQ(Parsing::intValueWithNull(nullptr), 0);
+  EXPECT_EQ(Parsing::stringValueWithNull(nullptr), "");
+  EXPECT_EQ(Parsing::dateValueWithNull(nullptr), DateTime());
+  EXPECT_EQ(Parsing::bigDecimalValueWithNull(nullptr), BigDecimal());
+  Failure const failure = failureOf<TransformRuntimeException>([] { Parsing::boolValue(nullptr); });
+  EXPECT_EQ(failure.text, "Null value");
+  EXPECT_EQ(failure.source, "cpp/Parsing");
+}
+
+}  // namespace
+}  // namespace tavrone
