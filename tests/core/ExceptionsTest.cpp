@@ -69,7 +69,8 @@ TEST(Exceptions, NestACloneOfTheirDetail) {
     outer.setDetail(inner);
   }
   EXPECT_EQ(outer.getDetail()->getMessage(), "inner");
-  EXPECT_TRUE(typeid(*outer.getDetail()) == typeid(InternalError));
+  Exception const &detail = *outer.getDetail();
+  EXPECT_TRUE(typeid(detail) == typeid(InternalError));
 }
 
 }  // namespace

@@ -67,7 +67,8 @@ TEST(Object, EveryTypedOperationFailsWithBothTypeNames) {
 TEST(Object, ClonesOnlyAsItself) {
   Object const object;
   SmartPtr<Object> const copy(object.clone());
-  EXPECT_TRUE(typeid(*copy) == typeid(Object));
+  Object const &cloned = *copy;
+  EXPECT_TRUE(typeid(cloned) == typeid(Object));
   auto const failure = failureOf<Exception>([] { Uncloneable().clone(); });
   EXPECT_THAT(failure.text, StartsWith("Clone not implemented in "));
   EXPECT_THAT(failure.text, HasSubstr("Uncloneable"));

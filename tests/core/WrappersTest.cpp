@@ -99,7 +99,9 @@ TEST(Wrappers, ShowCloneAndTakeTheirValue) {
     EXPECT_EQ(c.value->toString(), c.text);
     EXPECT_EQ(c.empty->toString(), c.emptyText) << c.type;
     SmartPtr<Object> const clone(c.value->clone());
-    EXPECT_TRUE(typeid(*clone) == typeid(*c.value));
+    Object const &value = *c.value;
+    Object const &cloned = *clone;
+    EXPECT_TRUE(typeid(cloned) == typeid(value));
     c.empty->setObject(clone.get());
     EXPECT_EQ(c.empty->toString(), c.text);
   }
