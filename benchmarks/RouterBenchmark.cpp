@@ -9,6 +9,8 @@
 
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Wrappers.h"
+#include "tavrone/dataobject/GenericDataObject.h"
+#include "tavrone/dataobject/MetaInfo.h"
 #include "tavrone/routing/MessageRouter.h"
 
 namespace {
@@ -33,25 +35,22 @@ __attribute__((noinline)) void operator delete(void *block, size_t) noexcept {
 namespace tavrone {
 namespace {
 
-class Header : public DataObject {
- public:
-  Object *getField(tvstring const &name) const override {
-    return new StringObject(name == "MessageFormat" ? format_ : name == "MessageVersion" ? version_ : type_);
-  }
-  tvstring toXMLString() override { return tvstring(); }
-
- private:
-  tvstring format_ = "FIX";
-  tvstring version_ = "4.4";
-  tvstring type_ = "D";
-};
+DataObject *newHeader() {
+  static char const *names[] = {"MessageFormat", "MessageVersion", "MessageType"};
+  static char const *types[] = {"String", "String", "String"};
+  static char const *values[] = {"FIX", "4.4", "D"};
+  static DataObjectMetaInfo metaInfo("Header", names, types, 3);
+  auto *header = new GenericDataObject(&metaInfo, false);
+  for (int i = 0; i < 3; ++i) header->setField(i, values[i]);
+  return header;
+}
 
 class KeepingIdentifier : public MessageIdentifier {
  public:
   DataObject *identifyMessage(InputSource &) override { return header_.get(); }
 
  private:
-  SmartPtr<DataObject> header_{new Header};
+  SmartPtr<DataObject> header_{newHeader()};
 };
 
 class EmptyFormat : public IInputFormat {

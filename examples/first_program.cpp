@@ -4,23 +4,20 @@
 
 using namespace tavrone;
 
-// Generated code brings records, parsers and writers; this host makes do with a record of its own.
-struct Greeting : DataObject {
-  explicit Greeting(tvstring const &who) : name(who) {}
-  Object *getField(tvstring const &field) const override {
-    return new StringObject(field == "MessageType" ? tvstring("HELLO") : name);
-  }
-  tvstring toXMLString() override { return "<Greeting>" + name + "</Greeting>\n"; }
-
-  tvstring name;
-};
+// Generated code brings records, parsers and writers; this host makes do with a record of two fields.
+char const *NAMES[] = {"MessageType", "Name"};
+char const *TYPES[] = {"String", "String"};
+DataObjectMetaInfo GREETING("Greeting", NAMES, TYPES, 2);
 
 // Knows a greeting by its first bytes; null means that somebody else may know the input.
 struct GreetingIdentifier : MessageIdentifier {
   DataObject *identifyMessage(InputSource &input) override {
     tvstring const text = input.getAsBinary().toString();
     if (text.find("HELLO ") != 0) return nullptr;
-    return new Greeting(text.substr(6));
+    DataObject *greeting = new GenericDataObject(&GREETING, false);
+    greeting->setField("MessageType", StringObject("HELLO"));
+    greeting->setField("Name", StringObject(text.substr(6)));
+    return greeting;
   }
 };
 

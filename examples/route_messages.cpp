@@ -45,23 +45,17 @@ char const *nameOf(std::string_view type) {
   return "?";
 }
 
-// What the router reads of a message.
-class SessionHeader : public DataObject {
- public:
-  SessionHeader(tvstring const &version, tvstring const &type) : version_(version), type_(type) {}
-
-  Object *getField(tvstring const &name) const override {
-    if (name == "MessageFormat") return new StringObject("FIX");
-    if (name == "MessageVersion") return new StringObject(version_);
-    if (name == "MessageType") return new StringObject(type_);
-    raise<FieldNotFoundException>("Field with name " + name + " not defined", "examples/route_messages");
-  }
-  tvstring toXMLString() override { return "<FIX version=\"" + version_ + "\" type=\"" + type_ + "\"/>"; }
-
- private:
-  tvstring version_;
-  tvstring type_;
-};
+// What the router reads of a message: a record with the three fields that every header has.
+DataObject *newSessionHeader(tvstring const &version, tvstring const &type) {
+  static char const *names[] = {"MessageFormat", "MessageVersion", "MessageType"};
+  static char const *types[] = {"String", "String", "String"};
+  static DataObjectMetaInfo metaInfo("SessionHeader", names, types, 3);
+  auto *header = new GenericDataObject(&metaInfo, false);
+  header->setField(0, "FIX");
+  header->setField(1, version);
+  header->setField(2, type);
+  return header;
+}
 
 // Knows FIX by its first bytes and cuts the version out of BeginString, the type out of MsgType.
 class SessionIdentifier : public MessageIdentifier {
@@ -71,7 +65,7 @@ class SessionIdentifier : public MessageIdentifier {
     int length = 0;
     char const *bytes = input.getAsBytes(length);
     if (!std::string_view(bytes, static_cast<size_t>(length)).starts_with(PREFIX)) return nullptr;
-    return new SessionHeader(valueOf("8", bytes, length).substr(4), valueOf("35", bytes, length));
+    return newSessionHeader(valueOf("8", bytes, length).substr(4), valueOf("35", bytes, length));
   }
 };
 

@@ -16,7 +16,7 @@
 namespace tavrone {
 namespace {
 
-constexpr unsigned char byteAt(char const *at, size_t i) {
+unsigned char byteAt(char const *at, size_t i) {
   return static_cast<unsigned char>(at[i]);
 }
 
@@ -173,8 +173,7 @@ constexpr std::array<uint8_t, 16> OFFSET_OF_RANGE = [] {
 // What to add to a character for its value, by its high four bits; '/' takes the place before that of '+'.
 constexpr std::array<uint8_t, 16> OFFSET_OF_HIGH_BITS = [] {
   std::array<uint8_t, 16> offsets{};
-  for (char c : {'0', 'A', 'P', 'a', 'p', '+'})
-    offsets[byteAt(&c, 0) >> 4] = static_cast<uint8_t>(BASE64_VALUES[byteAt(&c, 0)] - byteAt(&c, 0));
+  for (unsigned char c : {'0', 'A', 'P', 'a', 'p', '+'}) offsets[c >> 4] = static_cast<uint8_t>(BASE64_VALUES[c] - c);
   offsets[('/' >> 4) - 1] = static_cast<uint8_t>(63 - '/');
   return offsets;
 }();

@@ -10,7 +10,7 @@
 #include "tavrone/core/Parsing.h"
 
 // Three ways to a value, tried in this order:
-//  - a price: up to 7 digits, a point, up to 8 digits, no exponent. Both runs of digits are read by arithmetic on one
+//  - a price: up to 8 digits, a point, up to 8 digits, no exponent. Both runs of digits are read by arithmetic on one
 //    64-bit word each, with no loop over characters.
 //  - any number of up to 19 digits in all.
 //  - everything else, by std::from_chars.
@@ -26,6 +26,9 @@ constexpr int MAX_EXACT_POWER = 22;
 constexpr std::array<double, MAX_EXACT_POWER + 1> POWERS_OF_10 = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr std::array<uint64_t, 9> INTEGER_POWERS_OF_10 = {1,      10,      100,      1000,     10000,
+                                                          100000, 1000000, 10000000, 100000000};
+
 // Masks for the last n bytes of a word in memory.
 constexpr std::array<uint64_t, 9> LAST_BYTES = {0,           ~0ull << 56, ~0ull << 48, ~0ull << 40, ~0ull << 32,
                                                 ~0ull << 24, ~0ull << 16, ~0ull << 8,  ~0ull};
@@ -125,7 +128,7 @@ inline void readDigits(char const *&at, char const *end, uint64_t &integer) {
   for (; end - at >= 8; at += 8) {
     uint64_t const digits = load8(at) ^ '0' * BYTES;
     if (!areDigits(digits)) break;
-    integer = integer * 100000000 + joinDigits(digits);
+    integer = integer * INTEGER_POWERS_OF_10[8] + joinDigits(digits);
   }
   for (; at != end && isDigit(*at); ++at) integer = integer * 10 + static_cast<uint64_t>(*at - '0');
 }

@@ -1,16 +1,91 @@
 #pragma once
 
-#include "tavrone/core/Object.h"
+#include <iosfwd>
+
+#include "tavrone/core/SmartPtr.h"
 
 namespace tavrone {
 
-// One structured record of typed fields: a parsed message, its header, or one element of a repeating section. Counted;
-// held by SmartPtr<DataObject>.
+class DataObjectMetaInfo;
+class DataObjectSection;
+
+// One structured record with a fixed list of typed fields, each reached by its 0-based index or, through the metadata,
+// by its name. Counted; held by SmartPtr<DataObject>. An object and its sections belong to one thread at a time.
+//
+// What getField returns is a new wrapper, the caller's: hold it in a SmartPtr<Object>. A null field reads as null.
 class TAVRONE_API DataObject : public virtual ObjectRef {
  public:
-  // A new wrapper, the caller's, or null for a null field. Raises FieldNotFoundException for an unknown name.
+  ~DataObject() noexcept(false) override;
+
+  // The section of a field, borrowed.
+  virtual DataObjectSection *getSection(int index) const = 0;
+  virtual DataObjectSection *getSection(tvstring const &name) const = 0;
+
+  // The form with `out` writes the value into a wrapper of the caller's; false and untouched for a null field.
+  virtual bool getField(int index, Object &out) const = 0;
+  virtual Object *getField(int index) const = 0;
+  virtual bool getField(tvstring const &name, Object &out) const = 0;
   virtual Object *getField(tvstring const &name) const = 0;
+  // Raises FieldNullException for a null field.
+  virtual Object *getFieldCheckNull(int index) const = 0;
+  virtual SmartPtr<Object> getFieldVal(int index) = 0;
+  virtual SmartPtr<Object> getFieldVal(tvstring const &name) = 0;
+  virtual SmartPtr<Object> getFieldCheckNullVal(int index) = 0;
+
+  virtual bool isNull(tvstring const &name) const = 0;
+  virtual bool isNull(int index) const = 0;
+  virtual void setNull(tvstring const &name) = 0;
+  virtual void setNull(int index) = 0;
+
+  // The value is read, not kept; a null pointer makes the field null.
+  virtual void setField(int index, Object const &value) = 0;
+  virtual void setField(int index, Object const *value) = 0;
+  virtual void setField(tvstring const &name, Object const &value) = 0;
+  virtual void setField(tvstring const &name, Object const *value) = 0;
+
+  // Raise FieldNotFoundException for an unknown name or index.
+  virtual int getFieldIndex(tvstring const &name) const = 0;
+  virtual tvstring const &getFieldType(tvstring const &name) const = 0;
+  virtual tvstring const &getFieldType(int index) const = 0;
+  virtual tvstring const &getFieldName(int index) const = 0;
+  // "Section.Field" for an element of a section, else "Field".
+  virtual tvstring getQualifiedName(int index) = 0;
+  virtual int getFieldCount() const = 0;
+
+  // The section that holds this element, borrowed; null for a root object.
+  virtual DataObjectSection *getParentSection() const = 0;
+  virtual void setParentSection(DataObjectSection *section) = 0;
+
   virtual tvstring toXMLString() = 0;
+  virtual tvstring toXMLString(int level) = 0;
+
+  virtual DataObject *getRootDataObject() const = 0;
+  virtual bool isEmpty() const = 0;
+  virtual DataObjectMetaInfo *getMetaInfo() const = 0;
+
+  // Do nothing; the stored form is DataObjectIO's.
+  virtual void write(std::ostream &out) const = 0;
+  virtual void read(std::istream &in) = 0;
+
+  virtual void reset() = 0;
+  virtual tvstring getRootXMLTag() = 0;
+  // A new element for the named section, its parent section set, not yet added to it; the caller's.
+  virtual DataObject *createSectionElement(tvstring const &name, DataObjectSection *section) const = 0;
+  // The fields as XML, `level` tabs deep, without a frame.
+  virtual tvstring toXMLStringImpl(int level) = 0;
+
+  // Whether the values stand at the offsets that the metadata gives: true for declared records (Record.h) only.
+  bool hasFieldOffsets() const { return hasFieldOffsets_; }
+
+ protected:
+  DataObject() = default;
+  DataObject(DataObject const &other) : Object(), ObjectRef(), hasFieldOffsets_(other.hasFieldOffsets_) {}
+  DataObject &operator=(DataObject const &) { return *this; }
+
+  void setHasFieldOffsets() { hasFieldOffsets_ = true; }
+
+ private:
+  bool hasFieldOffsets_ = false;
 };
 
 }  // namespace tavrone

@@ -6,43 +6,47 @@ namespace tavrone {
 
 class DataObject;
 
-// An ordered list of data objects. Indexes are 0-based; not reference counted itself.
+// An ordered run of records.
 class TAVRONE_API DataObjectCollection {
  public:
-  virtual ~DataObjectCollection() noexcept(false) = default;
+  virtual ~DataObjectCollection() noexcept(false);
 
   // The element, borrowed.
   virtual DataObject *getElement(int index) const = 0;
   virtual bool removeElement(int index) = 0;
-  // Adds a reference to the element.
   virtual void addElement(DataObject *element) = 0;
   // By identity; -1 if absent.
   virtual int getElementIndex(DataObject *element) const = 0;
   virtual int getElementCount() const = 0;
 };
 
-// A repeating group of a data object: its elements with a name and limits on their number.
+// A repeating group of a record: its elements, their least and greatest number, and the record that holds it. Not
+// counted: a SectionObject or a generated record owns it. Holds a reference on each element.
 class TAVRONE_API DataObjectSection : public DataObjectCollection {
  public:
-  // A new element of this section's type whose parent section this is; it isn't in the list until addElement.
+  ~DataObjectSection() noexcept(false) override;
+
+  // A new element made by the parent, its parent section set, not yet in the list; the caller's.
   virtual DataObject *createElement() = 0;
   virtual tvstring toString() = 0;
   virtual tvstring const &getName() const = 0;
-  // The name behind those of the enclosing sections, joined by "."; a section of a root object has just its name.
+  // The name from the root down, "Outer.Inner".
   virtual tvstring getQualifiedName() = 0;
-  // The object that holds the section; null for a section of its own.
+  // The record that holds the section, borrowed; null for a clone.
   virtual DataObject *getParent() const = 0;
   virtual DataObject *getRootDataObject() const = 0;
-  // Raises SectionConstraintException with SRT301 for too few elements, SRT302 for too many.
+  // Raises SectionConstraintException, catalogue key SRT301 or SRT302. Adding elements never looks at the limits.
   virtual void assertConstraints() const = 0;
-  // No elements, or empty ones only.
   virtual bool isEmpty() const = 0;
   virtual void removeLastElement() = 0;
   virtual void clear() = 0;
-  // A new section without a parent, the caller's, with clones of the elements.
+  // A section of the same form, name and limits without a parent, holding clones; the caller's.
   virtual DataObjectSection *clone() const = 0;
 
   tvstring const &getSectionName() const { return getName(); }
+
+  // Clears `to`, then makes it hold every element of `from` too, as their parent section.
+  static void assign(DataObjectSection *to, DataObjectSection *from);
 };
 
 }  // namespace tavrone

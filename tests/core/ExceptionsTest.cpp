@@ -69,8 +69,7 @@ TEST(Exceptions, NestACloneOfTheirDetail) {
     outer.setDetail(inner);
   }
   EXPECT_EQ(outer.getDetail()->getMessage(), "inner");
-  Exception const &detail = *outer.getDetail();
-  EXPECT_TRUE(typeid(detail) == typeid(InternalError));
+  EXPECT_TRUE(typeid(*outer.getDetail()) == typeid(InternalError));
 }
 
 }  // namespace

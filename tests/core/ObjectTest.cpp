@@ -67,8 +67,7 @@ TEST(Object, EveryTypedOperationFailsWithBothTypeNames) {
 TEST(Object, ClonesOnlyAsItself) {
   Object const object;
   SmartPtr<Object> const copy(object.clone());
-  Object const &cloned = *copy;
-  EXPECT_TRUE(typeid(cloned) == typeid(Object));
+  EXPECT_TRUE(typeid(*copy) == typeid(Object));
   auto const failure = failureOf<Exception>([] { Uncloneable().clone(); });
   EXPECT_THAT(failure.text, StartsWith("Clone not implemented in "));
   EXPECT_THAT(failure.text, HasSubstr("Uncloneable"));

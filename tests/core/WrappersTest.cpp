@@ -99,9 +99,7 @@ TEST(Wrappers, ShowCloneAndTakeTheirValue) {
     EXPECT_EQ(c.value->toString(), c.text);
     EXPECT_EQ(c.empty->toString(), c.emptyText) << c.type;
     SmartPtr<Object> const clone(c.value->clone());
-    Object const &value = *c.value;
-    Object const &cloned = *clone;
-    EXPECT_TRUE(typeid(cloned) == typeid(value));
+    EXPECT_TRUE(typeid(*clone) == typeid(*c.value));
     c.empty->setObject(clone.get());
     EXPECT_EQ(c.empty->toString(), c.text);
   }

@@ -7,26 +7,38 @@
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/Wrappers.h"
+#include "tavrone/dataobject/GenericDataObject.h"
+#include "tavrone/dataobject/MetaInfo.h"
 #include "tavrone/pipeline/IInputFormat.h"
 #include "tavrone/routing/MessageRouter.h"
 
 namespace tavrone {
 
-// A header of text fields that counts how often it is read and how many headers live.
-struct TestHeader : DataObject {
-  explicit TestHeader(Properties values) : fields(std::move(values)) { ++alive; }
+// A header of text fields that counts how often it is read and how many headers live; the text "null" stands for null.
+struct TestHeader : GenericDataObject {
+  explicit TestHeader(Properties const &values) : GenericDataObject(typeOf(values), true) {
+    ++alive;
+    for (auto const &[name, value] : values)
+      if (value != "null") setField(name, value);
+  }
   ~TestHeader() noexcept(false) override { --alive; }
 
+  using GenericDataObject::getField;
   Object *getField(tvstring const &name) const override {
     ++reads[name];
-    auto const field = fields.find(name);
-    if (field == fields.end()) raise<FieldNotFoundException>("Field with name " + name + " not defined", "test");
-    return field->second == "null" ? nullptr : new StringObject(field->second);
+    return GenericDataObject::getField(name);
   }
   tvstring toXMLString() override { return "<Header/>"; }
 
+  static DataObjectMetaInfo *typeOf(Properties const &values) {
+    std::vector<FieldMetaInfo> made;
+    for (auto const &[name, value] : values) made.emplace_back(name, DesignerTypes::STRING_TYPE, true);
+    std::vector<FieldMetaInfo *> fields;
+    for (FieldMetaInfo &field : made) fields.push_back(&field);
+    return new DataObjectMetaInfo("Header", fields.data(), static_cast<int>(fields.size()));
+  }
+
   static inline int alive = 0;
-  Properties fields;
   mutable std::map<tvstring, int> reads;
 };
 

@@ -1,0 +1,226 @@
+#include "tavrone/dataobject/DataObjectSectionImpl.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "tavrone/core/Class.h"
+#include "tavrone/core/Conversion.h"
+#include "tavrone/core/ObjectList.h"
+#include "tavrone/core/Raise.h"
+#include "tavrone/core/Wrappers.h"
+
+namespace tavrone {
+
+namespace {
+
+constexpr char const *ABSTRACT_SOURCE = "cpp/AbstractDataObjectSection";
+constexpr char const *LIST_SOURCE = "cpp/DataObjectSectionImpl";
+constexpr char const *SINGLE_SOURCE = "cpp/DataObjectSingleElementSectionImpl";
+
+// An element of a copied section: a clone that knows its new section.
+DataObject *cloneInto(DataObject const &element, DataObjectSection *section) {
+  auto *copy = checkedCast<DataObject>(element.clone());
+  copy->setParentSection(section);
+  return copy;
+}
+
+// An element that somebody else holds outlives its section and must not point to it any more.
+void orphan(SmartPtr<DataObject> const &element, DataObjectSection const *section) {
+  if (!element.isNull() && !element->unique() && element->getParentSection() == section)
+    element->setParentSection(nullptr);
+}
+
+[[noreturn]] void raiseConstraint(char const *key, tvstring const &name, int limit, int line) {
+  ObjectList arguments;
+  arguments.add(new StringObject(name));
+  arguments.add(new IntObject(limit));
+  raiseCatalogued<SectionConstraintException>(key, arguments, ABSTRACT_SOURCE, line);
+}
+
+}  // namespace
+
+DataObjectCollection::~DataObjectCollection() noexcept(false) = default;
+DataObjectSection::~DataObjectSection() noexcept(false) = default;
+AbstractDataObjectSection::~AbstractDataObjectSection() noexcept(false) = default;
+
+DataObjectSectionImpl::~DataObjectSectionImpl() noexcept(false) {
+  for (SmartPtr<DataObject> const &element : elements_) orphan(element, this);
+}
+
+DataObjectSingleElementSectionImpl::~DataObjectSingleElementSectionImpl() noexcept(false) {
+  orphan(element_, this);
+}
+
+void DataObjectSection::assign(DataObjectSection *to, DataObjectSection *from) {
+  if (to == from) return;
+  to->clear();
+  int const count = from->getElementCount();
+  for (int i = 0; i < count; ++i) {
+    DataObject *element = from->getElement(i);
+    element->setParentSection(to);
+    to->addElement(element);
+  }
+}
+
+AbstractDataObjectSection::AbstractDataObjectSection(DataObject *parent, tvstring const &name, int minOccurs,
+                                                     int maxOccurs) {
+  initialize(parent, name, minOccurs, maxOccurs);
+}
+
+void AbstractDataObjectSection::initialize(DataObject *parent, tvstring const &name, int minOccurs, int maxOccurs) {
+  minOccurs_ = minOccurs;
+  maxOccurs_ = maxOccurs;
+  parent_ = parent;
+  name_ = name;
+}
+
+DataObject *AbstractDataObjectSection::createElement() {
+  return checkedCast<DataObject>(parent_)->createSectionElement(name_, this);
+}
+
+tvstring AbstractDataObjectSection::toString() {
+  return toXMLString();
+}
+
+tvstring AbstractDataObjectSection::getQualifiedName() {
+  DataObjectSection *outer = parent_ == nullptr ? nullptr : parent_->getParentSection();
+  return outer == nullptr ? name_ : outer->getQualifiedName() + '.' + name_;
+}
+
+DataObject *AbstractDataObjectSection::getRootDataObject() const {
+  return parent_ == nullptr ? nullptr : parent_->getRootDataObject();
+}
+
+void AbstractDataObjectSection::assertConstraints() const {
+  int const count = getElementCount();
+  if (count < minOccurs_) raiseConstraint("SRT301", name_, minOccurs_, 54);
+  if (maxOccurs_ != -1 && count > maxOccurs_) raiseConstraint("SRT302", name_, maxOccurs_, 59);
+}
+
+bool AbstractDataObjectSection::isEmpty() const {
+  int const count = getElementCount();
+  for (int i = 0; i < count; ++i)
+    if (!getElement(i)->isEmpty()) return false;
+  return true;
+}
+
+void AbstractDataObjectSection::throwElementIndexOutOfBounds(int index, int size) const {
+  // Names go up through the sections, which is a reading operation in all but its signature.
+  tvstring const name = const_cast<AbstractDataObjectSection *>(this)->getQualifiedName();
+  raise<FieldNotFoundException>("Error accessing element of section " + name + ". Section index out of bound, size = " +
+                                    intToString(size) + ", index accessed = " + intToString(index),
+                                ABSTRACT_SOURCE);
+}
+
+DataObjectSectionImpl::DataObjectSectionImpl(DataObject *parent, tvstring const &name, int minOccurs, int maxOccurs)
+    : AbstractDataObjectSection(parent, name, minOccurs, maxOccurs) {}
+
+DataObjectSectionImpl::DataObjectSectionImpl(DataObjectSectionImpl const &other, DataObject *parent) {
+  copy(other, parent);
+}
+
+DataObject *DataObjectSectionImpl::getElement(int index) const {
+  if (elements_.empty()) throwElementIndexOutOfBounds(index, 0);
+  if (static_cast<size_t>(static_cast<unsigned>(index)) >= elements_.size())
+    throw std::out_of_range("invalid vector<T> subscript");
+  return elements_[static_cast<size_t>(index)].get();
+}
+
+bool DataObjectSectionImpl::removeElement(int index) {
+  if (index < 0 || index >= getElementCount()) {
+    // The index has always been added to the literal's position, so the text loses its head; that stays.
+    tvstringliteral const text("Index out of bounds ");
+    size_t const position = std::min(index < 0 ? size_t{0} : static_cast<size_t>(index), text.length());
+    raise<FieldNotFoundException>(text.substr(position), LIST_SOURCE, 130);
+  }
+  elements_.erase(elements_.begin() + index);
+  return true;
+}
+
+void DataObjectSectionImpl::addElement(DataObject *element, bool checkParent) {
+  if (checkParent && element->getParentSection() != this)
+    raise<IllegalArgumentException>("The parent of the element added is not this section", LIST_SOURCE, 137);
+  elements_.push_back(element);
+}
+
+int DataObjectSectionImpl::getElementIndex(DataObject *element) const {
+  auto const found = std::find_if(elements_.begin(), elements_.end(),
+                                  [element](SmartPtr<DataObject> const &held) { return held.get() == element; });
+  return found == elements_.end() ? -1 : static_cast<int>(found - elements_.begin());
+}
+
+void DataObjectSectionImpl::removeLastElement() {
+  if (elements_.empty())
+    raise<FieldNotFoundException>(
+        "Error accessing last element of section " + getQualifiedName() + ". Section index out of bound, size = 0",
+        LIST_SOURCE);
+  elements_.pop_back();
+}
+
+void DataObjectSectionImpl::clear() {
+  elements_.clear();
+}
+
+DataObjectSection *DataObjectSectionImpl::clone() const {
+  return new DataObjectSectionImpl(*this, nullptr);
+}
+
+void DataObjectSectionImpl::copy(DataObjectSectionImpl const &source, DataObject *parent) {
+  if (this == &source) return;
+  initialize(parent, source.getName(), source.getMinOccurs(), source.getMaxOccurs());
+  elements_.clear();
+  elements_.reserve(source.elements_.size());
+  for (SmartPtr<DataObject> const &element : source.elements_) elements_.push_back(cloneInto(*element, this));
+}
+
+DataObjectSingleElementSectionImpl::DataObjectSingleElementSectionImpl(DataObject *parent, tvstring const &name,
+                                                                       int minOccurs, int maxOccurs)
+    : AbstractDataObjectSection(parent, name, minOccurs, maxOccurs) {}
+
+DataObject *DataObjectSingleElementSectionImpl::getElement(int index) const {
+  if (element_.isNull() || index != 0) throwElementIndexOutOfBounds(index, 0);
+  return element_.get();
+}
+
+bool DataObjectSingleElementSectionImpl::removeElement(int index) {
+  if (index != 0) return false;
+  element_.release();
+  return true;
+}
+
+void DataObjectSingleElementSectionImpl::addElement(DataObject *element) {
+  if (!element_.isNull())
+    raise<FieldNotFoundException>("Cannot add more than one element to this section", SINGLE_SOURCE);
+  element_ = element;
+}
+
+int DataObjectSingleElementSectionImpl::getElementIndex(DataObject *element) const {
+  return !element_.isNull() && element_.get() == element ? 0 : -1;
+}
+
+void DataObjectSingleElementSectionImpl::removeLastElement() {
+  if (element_.isNull())
+    // "bounds" here, "bound" in the list form: both have always read so.
+    raise<FieldNotFoundException>(
+        "Error accessing last element of section " + getQualifiedName() + ". Section index out of bounds, size = 0",
+        SINGLE_SOURCE);
+  element_.release();
+}
+
+void DataObjectSingleElementSectionImpl::clear() {
+  element_.release();
+}
+
+DataObjectSection *DataObjectSingleElementSectionImpl::clone() const {
+  auto *section = new DataObjectSingleElementSectionImpl;
+  section->copy(*this, nullptr);
+  return section;
+}
+
+void DataObjectSingleElementSectionImpl::copy(DataObjectSingleElementSectionImpl const &source, DataObject *parent) {
+  if (this == &source) return;
+  initialize(parent, source.getName(), source.getMinOccurs(), source.getMaxOccurs());
+  element_ = source.element_.isNull() ? nullptr : cloneInto(*source.element_, this);
+}
+
+}  // namespace tavrone

@@ -1,0 +1,175 @@
+#include "tavrone/dataobject/GenericDataObject.h"
+
+#include "tavrone/core/Class.h"
+#include "tavrone/core/Conversion.h"
+#include "tavrone/core/DesignerTypes.h"
+#include "tavrone/core/Raise.h"
+#include "tavrone/core/Wrappers.h"
+#include "tavrone/dataobject/DataObjectSectionImpl.h"
+#include "tavrone/dataobject/MetaInfo.h"
+
+namespace tavrone {
+
+namespace {
+
+constexpr char const *SOURCE = "cpp/GenericDataObject";
+
+[[noreturn]] void raiseNotASection(tvstring const &name, int line = __builtin_LINE()) {
+  raise<FieldTypeMismatchException>(name + " is not a section", SOURCE, line);
+}
+
+// A record nested by a "DataObject" field is a section of at most one element.
+AbstractDataObjectSection *newSection(FieldMetaInfo const &field) {
+  if (field.getKind() == FieldKind::DATA_OBJECT) return new DataObjectSingleElementSectionImpl;
+  return new DataObjectSectionImpl;
+}
+
+}  // namespace
+
+GenericDataObject::GenericDataObject(DataObjectMetaInfo *metaInfo, bool ownsMetaInfo)
+    : GenericDataObject(nullptr, metaInfo, ownsMetaInfo) {}
+
+GenericDataObject::GenericDataObject(DataObjectSection *parentSection, DataObjectMetaInfo *metaInfo, bool ownsMetaInfo)
+    : parentSection_(parentSection),
+      fieldCount_(metaInfo->getFieldCount()),
+      values_(new Object *[static_cast<size_t>(fieldCount_)]()),
+      metaInfo_(metaInfo),
+      ownsMetaInfo_(ownsMetaInfo) {}
+
+GenericDataObject::GenericDataObject(GenericDataObject const &other)
+    : Object(),
+      ObjectRef(),
+      DataObjectBase(other),
+      parentSection_(nullptr),
+      fieldCount_(other.fieldCount_),
+      values_(new Object *[static_cast<size_t>(fieldCount_)]()),
+      metaInfo_(other.metaInfo_),
+      ownsMetaInfo_(false) {
+  for (int i = 0; i < fieldCount_; ++i) {
+    Object const *value = other.values_[i];
+    if (value == nullptr) continue;
+    auto const *section = dynamic_cast<SectionObject const *>(value);
+    if (section == nullptr) {
+      store(i, value->clone());
+      continue;
+    }
+    copiedSections_.emplace_back(section->getSection()->clone());
+    store(i, new SectionObject(copiedSections_.back().get(), false));
+  }
+}
+
+GenericDataObject::~GenericDataObject() noexcept(false) {
+  for (int i = 0; i < fieldCount_; ++i) ObjectRef::releaseRef(values_[i]);
+  delete[] values_;
+  if (ownsMetaInfo_) delete metaInfo_;
+}
+
+Object *GenericDataObject::clone() const {
+  return new GenericDataObject(*this);
+}
+
+void GenericDataObject::store(int index, Object *value) const {
+  Object *old = values_[index];
+  ObjectRef::addRef(value);
+  values_[index] = value;
+  ObjectRef::releaseRef(old);
+}
+
+DataObjectSection *GenericDataObject::getSection(int index) const {
+  checkFieldIndex(index);
+  if (Object *value = values_[index]) {
+    auto *section = dynamic_cast<SectionObject *>(value);
+    return (section != nullptr ? section : checkedCast<SectionObject>(value))->getSection();
+  }
+  auto const *field = dynamic_cast<SectionMetaInfo const *>(metaInfo_->getFieldMetaInfo(index));
+  if (field == nullptr) raiseNotASection(metaInfo_->getFieldName(index));
+  AbstractDataObjectSection *section = newSection(*field);
+  section->initialize(const_cast<GenericDataObject *>(this), field->getName(), field->getMinOccurs(),
+                      field->getMaxOccurs());
+  store(index, new SectionObject(section, true));
+  return section;
+}
+
+bool GenericDataObject::getField(int index, Object &out) const {
+  checkFieldIndex(index);
+  if (values_[index] == nullptr) return false;
+  out.setObject(values_[index]);
+  return true;
+}
+
+Object *GenericDataObject::getField(int index) const {
+  checkFieldIndex(index);
+  return values_[index] == nullptr ? nullptr : values_[index]->clone();
+}
+
+Object *GenericDataObject::getFieldCheckNull(int index) const {
+  checkFieldIndex(index);
+  if (values_[index] == nullptr)
+    raise<FieldNullException>("Attempt to access field '" +
+                                  const_cast<GenericDataObject *>(this)->getQualifiedName(index) + "' with NULL value",
+                              SOURCE, 87);
+  return values_[index];
+}
+
+SmartPtr<Object> GenericDataObject::getFieldCheckNullVal(int index) {
+  return SmartPtr<Object>(getFieldCheckNull(index)->clone());
+}
+
+bool GenericDataObject::isNull(int index) const {
+  checkFieldIndex(index);
+  return values_[index] == nullptr;
+}
+
+void GenericDataObject::setNull(int index) {
+  checkFieldIndex(index);
+  store(index, nullptr);
+}
+
+void GenericDataObject::setField(int index, Object const &value) {
+  setField(index, &value);
+}
+
+void GenericDataObject::setField(int index, Object const *value) {
+  checkFieldIndex(index);
+  auto const *section = dynamic_cast<SectionObject const *>(value);
+  auto const *held = section == nullptr ? nullptr : dynamic_cast<SectionObject const *>(values_[index]);
+  // The field may own that section: releasing it here would leave the new value dangling.
+  if (held != nullptr && held->getSection() == section->getSection()) return;
+  store(index, value == nullptr ? nullptr : value->clone());
+}
+
+bool GenericDataObject::isEmpty() const {
+  for (int i = 0; i < fieldCount_; ++i) {
+    if (values_[i] == nullptr) continue;
+    auto const *section = dynamic_cast<SectionObject const *>(values_[i]);
+    bool const empty = section != nullptr ? section->getSection()->isEmpty() : metaInfo_->isSynthesized(i);
+    if (!empty) return false;
+  }
+  return true;
+}
+
+void GenericDataObject::reset() {}
+
+DataObject *GenericDataObject::createSectionElement(tvstring const &name, DataObjectSection *section) const {
+  auto const *field = dynamic_cast<SectionMetaInfo const *>(metaInfo_->getFieldMetaInfo(name));
+  if (field == nullptr || field->getDataObjectMetaInfo() == nullptr) raiseNotASection(name, 215);
+  return new GenericDataObject(section, field->getDataObjectMetaInfo(), false);
+}
+
+FieldMetaInfo *GenericDataObject::getFieldMetaInfo(int index) const {
+  return metaInfo_->getFieldMetaInfo(index);
+}
+bool GenericDataObject::isSynthesized(int index) const {
+  return metaInfo_->isSynthesized(index);
+}
+tvstring GenericDataObject::getQualifiedName(tvstring const &name) {
+  return getQualifiedName(getFieldIndex(name));
+}
+
+void GenericDataObject::checkFieldIndex(int index) const {
+  if (static_cast<unsigned>(index) < static_cast<unsigned>(fieldCount_)) return;
+  tvstring const owner = parentSection_ == nullptr ? tvstring("Root") : parentSection_->getName();
+  raise<FieldNotFoundException>("No valid field at index " + intToString(index) + " for " + owner, SOURCE);
+}
+
+}  // namespace tavrone

@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "examples/messages/GeneratedOrder.h"
+#include "tavrone/dataobject/GenericDataObject.h"
+#include "tavrone/dataobject/MetaInfo.h"
+#include "tests/Failure.h"
+
+namespace tavrone {
+namespace {
+
+using examples::GeneratedLeg;
+using examples::GeneratedOrder;
+
+void addLeg(DataObject &order, char const *symbol) {
+  DataObjectSection *legs = order.getSection("Legs");
+  SmartPtr<DataObject> const leg(legs->createElement());
+  leg->setField("Symbol", StringObject(symbol));
+  legs->addElement(leg.get());
+}
+
+// The type of an order, with the element type that a generic section needs.
+DataObjectMetaInfo *genericOrder() {
+  static DataObjectMetaInfo leg(*GeneratedLeg::metaInfoOfType());
+  static FieldMetaInfo id("OrderID", "String", true);
+  static FieldMetaInfo stamp("Stamp", "Integer", true, true);
+  static SectionMetaInfo legs(&leg, "Legs", 1, 2);
+  static SectionMetaInfo owner(&leg, "Owner", "DataObject", 0, 1, false);
+  static FieldMetaInfo *fields[] = {&id, &stamp, &legs, &owner};
+  static DataObjectMetaInfo type("Order", fields, 4);
+  return &type;
+}
+
+TEST(AbstractDataObject, FieldsStartNullAndReadThroughTheHooks) {
+  SmartPtr<GeneratedOrder> const order(new GeneratedOrder);
+  EXPECT_TRUE(order->isNull(GeneratedOrder::PRICE));
+  EXPECT_EQ(order->getField("Price"), nullptr);
+  IntObject untouched(7);
+  EXPECT_FALSE(order->getField(GeneratedOrder::QUANTITY, untouched));
+  EXPECT_EQ(untouched.getValue(), 7);
+  EXPECT_EQ(failureOf<FieldNullException>([&] { order->getPrice(); }).text,
+            "Attempt to access field 'Price' with null value");
+  Failure const unchecked = failureOf<FieldNullException>([&] { order->assertNotNull(GeneratedOrder::PRICE); });
+  EXPECT_EQ(unchecked.text, "Not-null check failed. The field 'Price' has null value");
+  EXPECT_EQ(unchecked.source, "cpp/AbstractDataObject");
+  EXPECT_EQ(unchecked.line, 160);
+
+  order->setField("Price", IntObject(412));
+  EXPECT_EQ(order->getPrice(), 412.0);
+  EXPECT_EQ(order->getFieldVal("Price")->toString(), "412.0");
+  DoubleObject price;
+  EXPECT_TRUE(order->getField("Price", price));
+  EXPECT_EQ(price.getValue(), 412.0);
+  order->setField("Price", nullptr);
+  EXPECT_TRUE(order->isNull("Price"));
+  order->setNull(GeneratedOrder::PRICE, false);
+  EXPECT_EQ(order->getPrice(), 412.0);
+
+  order->setField(GeneratedOrder::TEXT, "hello");
+  tvstring text;
+  EXPECT_TRUE(order->getField(GeneratedOrder::TEXT, text));
+  EXPECT_EQ(text, "hello");
+}
+
+TEST(AbstractDataObject, WrongIndexesNamesAndTypesFail) {
+  SmartPtr<GeneratedOrder> const order(new GeneratedOrder);
+  struct {
+    int index;
+    char const *text;
+  } const cases[] = {{15, "Field index out of bounds - 15"}, {-1, "Field index out of bounds - -1"}};
+  for (auto const &c : cases) {
+    Failure const get = failureOf<FieldNotFoundException>([&] { order->getField(c.index); });
+    EXPECT_EQ(get.text, c.text);
+    EXPECT_EQ(get.line, 219);
+    Failure const set = failureOf<FieldNotFoundException>([&] { order->setField(c.index, IntObject(1)); });
+    EXPECT_EQ(set.text, c.text);
+    EXPECT_EQ(set.line, 223);
+  }
+  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { order->setNull("Prise"); }).text,
+            "Field with name Prise not defined");
+  EXPECT_EQ(failureOf<TransformException>([&] { order->setField("Price", StringObject("1")); }).text,
+            "Cannot convert String to Double");
+  EXPECT_EQ(failureOf<TransformException>([&] { order->createSectionElement("Text", nullptr); }).text,
+            "No section with name 'Text'.");
+  order->setPrice(1);
+  EXPECT_NE(failureOf<ClassCastException>([&] { order->getSection("Price"); }).text.find("DoubleObject"),
+            std::string::npos);
+}
+
+TEST(AbstractDataObject, CopiesKeepFlagsButNoReferencesAndNoParent) {
+  SmartPtr<GeneratedOrder> const order(new GeneratedOrder);
+  order->setOrderID("A1");
+  addLeg(*order, "ACME");
+  SmartPtr<GeneratedOrder> const copy(checkedCast<GeneratedOrder>(order->clone()));
+  EXPECT_EQ(copy->getRefCount(), 1);
+  EXPECT_EQ(copy->getOrderID(), "A1");
+  EXPECT_TRUE(copy->isNull("Price"));
+  ASSERT_EQ(copy->getLegs().getElementCount(), 1);
+  EXPECT_EQ(copy->getLegs().getElement(0)->getRootDataObject(), copy.get());
+  EXPECT_EQ(copy->getLegs().getElement(0)->getQualifiedName(0), "Legs.Symbol");
+  SmartPtr<GeneratedOrder> const other(new GeneratedOrder);
+  *other = *order;
+  EXPECT_EQ(other->getRefCount(), 1);
+  EXPECT_EQ(other->getOrderID(), "A1");
+  order->reset();
+  EXPECT_TRUE(order->isNull("OrderID"));
+  EXPECT_EQ(order->getLegs().getElementCount(), 0);
+  EXPECT_EQ(other->getLegs().getElementCount(), 1);
+}
+
+TEST(AbstractDataObject, IsEmptyLooksIntoSections) {
+  SmartPtr<GeneratedOrder> const order(new GeneratedOrder);
+  EXPECT_TRUE(order->isEmpty());
+  SmartPtr<DataObject> const leg(order->getLegs().createElement());
+  order->getLegs().addElement(leg.get());
+  EXPECT_TRUE(order->isEmpty());
+  leg->setField("Ratio", IntObject(2));
+  EXPECT_FALSE(order->isEmpty());
+}
+
+TEST(DataObjectBase, CopyMovesValuesAndRebuildsSections) {
+  SmartPtr<GeneratedOrder> const from(new GeneratedOrder);
+  SmartPtr<GeneratedOrder> const to(new GeneratedOrder);
+  from->setQuantity(5);
+  addLeg(*from, "A");
+  addLeg(*from, "B");
+  to->setPrice(1);
+  addLeg(*to, "old");
+  DataObjectBase::copy(from.get(), to.get());
+  EXPECT_EQ(to->getQuantity(), 5);
+  EXPECT_TRUE(to->isNull("Price"));
+  ASSERT_EQ(to->getLegs().getElementCount(), 2);
+  EXPECT_EQ(to->getLegs().getElement(1)->getFieldVal("Symbol")->toString(), "B");
+  EXPECT_NE(to->getLegs().getElement(1), from->getLegs().getElement(1));
+}
+
+TEST(GenericDataObject, StoresClonesAndReleasesTheOld) {
+  SmartPtr<GenericDataObject> const order(new GenericDataObject(genericOrder(), false));
+  order->setField(0, StringObject("A1"));
+  order->setField(0, StringObject("A2"));
+  SmartPtr<Object> const first(order->getField(0));
+  EXPECT_NE(first.get(), order->getFieldCheckNull(0));
+  EXPECT_EQ(order->getFieldCheckNull(0), order->getFieldCheckNull(0));
+  EXPECT_NE(order->getFieldCheckNullVal(0).get(), order->getFieldCheckNull(0));
+  EXPECT_EQ(first->toString(), "A2");
+  order->setField(0, nullptr);
+  Failure const null = failureOf<FieldNullException>([&] { order->getFieldCheckNull(0); });
+  EXPECT_EQ(null.text, "Attempt to access field 'OrderID' with NULL value");
+  EXPECT_EQ(null.source, "cpp/GenericDataObject");
+  EXPECT_EQ(null.line, 87);
+  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { order->isNull(4); }).text, "No valid field at index 4 for Root");
+}
+
+TEST(GenericDataObject, SectionsComeIntoBeingOnFirstAccess) {
+  SmartPtr<GenericDataObject> const order(new GenericDataObject(genericOrder(), false));
+  DataObjectSection *legs = order->getSection("Legs");
+  EXPECT_EQ(order->getSection(2), legs);
+  addLeg(*order, "ACME");
+  EXPECT_EQ(legs->getElement(0)->getQualifiedName(0), "Legs.Symbol");
+  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { legs->getElement(0)->setNull(9); }).text,
+            "No valid field at index 9 for Legs");
+  order->setField(2, SectionObject(*legs));
+  EXPECT_EQ(order->getSection(2)->getElementCount(), 1);
+  EXPECT_EQ(failureOf<FieldTypeMismatchException>([&] { order->getSection("OrderID"); }).text,
+            "OrderID is not a section");
+  Failure const plain = failureOf<FieldTypeMismatchException>([&] { order->createSectionElement("Stamp", nullptr); });
+  EXPECT_EQ(plain.text, "Stamp is not a section");
+  EXPECT_EQ(plain.line, 215);
+
+  DataObjectSection *owner = order->getSection("Owner");
+  SmartPtr<DataObject> const one(owner->createElement());
+  owner->addElement(one.get());
+  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { owner->addElement(one.get()); }).text,
+            "Cannot add more than one element to this section");
+}
+
+TEST(GenericDataObject, CopiesHaveSectionsOfTheirOwn) {
+  SmartPtr<DataObject> copy;
+  {
+    SmartPtr<GenericDataObject> const order(new GenericDataObject(genericOrder(), false));
+    order->setField(0, StringObject("A1"));
+    addLeg(*order, "ACME");
+    copy = checkedCast<DataObject>(order->clone());
+  }
+  EXPECT_EQ(copy->getFieldVal("OrderID")->toString(), "A1");
+  EXPECT_EQ(copy->getSection("Legs")->getElement(0)->getFieldVal("Symbol")->toString(), "ACME");
+  EXPECT_EQ(copy->getSection("Legs")->getParent(), nullptr);
+  copy->setNull("Legs");
+  EXPECT_EQ(copy->getSection("Legs")->getElementCount(), 0);
+}
+
+TEST(GenericDataObject, OnlySynthesizedFieldsLeaveItEmpty) {
+  SmartPtr<GenericDataObject> const order(new GenericDataObject(genericOrder(), false));
+  order->setField("Stamp", IntObject(1));
+  order->getSection("Legs");
+  EXPECT_TRUE(order->isEmpty());
+  order->setField("OrderID", StringObject(""));
+  EXPECT_FALSE(order->isEmpty());
+}
+
+}  // namespace
+}  // namespace tavrone
