@@ -43,6 +43,7 @@
 #include "tavrone/dataobject/DataObjectSection.h"
 #include "tavrone/dataobject/DataObjectSectionImpl.h"
 #include "tavrone/dataobject/DataObjectXML.h"
+#include "tavrone/dataobject/FieldAccess.h"
 #include "tavrone/dataobject/GenericDataObject.h"
 #include "tavrone/dataobject/MetaInfo.h"
 #include "tavrone/dataobject/SectionHelper.h"

@@ -79,7 +79,8 @@ class TAVRONE_API DataObject : public virtual ObjectRef {
 
  protected:
   DataObject() = default;
-  DataObject(DataObject const &other) : Object(), ObjectRef(), hasFieldOffsets_(other.hasFieldOffsets_) {}
+  // Offsets are the layout of one class: a copy of another class must not take them over.
+  DataObject(DataObject const &) : Object(), ObjectRef() {}
   DataObject &operator=(DataObject const &) { return *this; }
 
   void setHasFieldOffsets() { hasFieldOffsets_ = true; }
