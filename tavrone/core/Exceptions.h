@@ -1,7 +1,9 @@
 #pragma once
 
+#include <vector>
+
+#include "tavrone/core/ExceptionDataObject.h"
 #include "tavrone/core/ExceptionTrace.h"
-#include "tavrone/core/Object.h"
 
 namespace tavrone {
 
@@ -22,7 +24,7 @@ class TAVRONE_API Exception : public virtual Object {
 
   // The nested failure, borrowed, or null.
   Exception *getDetail() const;
-  // Nests a clone of the failure.
+  // Nests a clone of the failure. The one before it stays alive for whoever borrowed it, until this exception goes.
   void setDetail(Exception &detail);
   ExceptionTrace &getTrace() { return trace_; }
   ExceptionTrace const &getTrace() const { return trace_; }
@@ -36,39 +38,89 @@ class TAVRONE_API Exception : public virtual Object {
   struct Detail;
 
   tvstring message_;
-  Detail *detail_;
+  Detail *detail_;  // the nested failure with the number of exceptions that share it
   ExceptionTrace trace_;
 };
 
-// What a subclass without data of its own consists of: its constructor from a text, and a clone of its own type.
-#define TAVRONE_EXCEPTION(Name, Base)                            \
-  class TAVRONE_API Name : public Base {                         \
-   public:                                                       \
-    Name(tvstring const &message);                               \
-    Name(Name const &other);                                     \
-    Name &operator=(Name const &) = default;                     \
-    ~Name() noexcept(false) override;                            \
-    Object *clone() const override;                              \
+// The plain failures: a text and no record.
+#define TAVRONE_EXCEPTION(Name)               \
+  class TAVRONE_API Name : public Exception { \
+   public:                                    \
+    Name(tvstring const &message);            \
+    Name(Name const &other);                  \
+    Name &operator=(Name const &) = default;  \
+    ~Name() noexcept(false) override;         \
+    Object *clone() const override;           \
   };
 
-TAVRONE_EXCEPTION(IllegalArgumentException, Exception)
-TAVRONE_EXCEPTION(ClassNotFoundException, Exception)
-TAVRONE_EXCEPTION(ClassCastException, Exception)
-TAVRONE_EXCEPTION(LocalInitializationException, Exception)
-TAVRONE_EXCEPTION(InternalError, Exception)
+TAVRONE_EXCEPTION(IllegalArgumentException)
+TAVRONE_EXCEPTION(ClassNotFoundException)
+TAVRONE_EXCEPTION(ClassCastException)
+TAVRONE_EXCEPTION(LocalInitializationException)
+TAVRONE_EXCEPTION(InternalError)
 
-// A failure of a message that is being transformed.
-class TAVRONE_API TransformException : public Exception {
+#undef TAVRONE_EXCEPTION
+
+// A failure of a message that is being transformed: an exception and the record of it at once, with one Object and one
+// count, so that it can be thrown, queued by a handler, routed as a message or rendered as XML as it stands. A new one
+// is "fatal" and cascadable with an empty code; its Type, FieldName and FieldID are null.
+class TAVRONE_API TransformException : public Exception, public ExceptionDataObject {
  public:
   TransformException(tvstring const &message);
   // Takes over `detail`, which may be null.
   TransformException(tvstring const &message, Exception *detail);
   TransformException(TransformException const &other);
+  // A copy of the record as it stands; a null message stays null.
+  TransformException(ExceptionDataObject const &record);
+  // The list's first record, whose message must not be null, or "No message" for an empty list: one exception carries
+  // one record. Borrows the list.
+  TransformException(std::vector<ExceptionDataObject *> &list);
   TransformException &operator=(TransformException const &) = default;
   ~TransformException() noexcept(false) override;
 
+  // The record's count is that of the whole exception.
+  using ExceptionDataObject::addRef;
+  using ExceptionDataObject::releaseRef;
+  void addRef() override;
+  void releaseRef() override;
+  // The same as toXMLString().
+  tvstring toString() const override;
   Object *clone() const override;
+
+  // The record's Message; raises FieldNullException if that is null.
+  tvstring getMessage() const override;
+  void setMessage(tvstring const &message) override;
+
+  // Copies the other's message, which must not be null, and its record; nothing accumulates, in spite of the name.
+  virtual void addAll(TransformException const &other);
+  virtual void addAll(TransformException const *other);
+
+  // Appends a clone of the record alone; the caller owns it.
+  void getExceptionsAsList(std::vector<ExceptionDataObject *> &out) const;
+  // The context property "Internal-Code"; an empty code removes it.
+  void setInternalCode(tvstring const &code);
+
+  // The record's XML whatever the argument.
+  tvstring toXMLString() override;
+  tvstring toXMLString(int level) override;
+  tvstring toXMLString(bool header);
+
+ private:
+  void initFields();
 };
+
+// The failures that add no data: each a constructor from a text and a clone of its own type. Those of the wire formats
+// can also re-type a failure that a parser caught, copying it whole.
+#define TAVRONE_EXCEPTION(Name, Base, ...)   \
+  class TAVRONE_API Name : public Base {     \
+   public:                                   \
+    Name(tvstring const &message);           \
+    Name(Name const &other);                 \
+    __VA_ARGS__                              \
+    Name &operator=(Name const &) = default; \
+    ~Name() noexcept(false) override;        \
+    Object *clone() const override;          \
+  };
 
 TAVRONE_EXCEPTION(UnhandledMessageException, TransformException)
 TAVRONE_EXCEPTION(UnrecognizedMessageException, UnhandledMessageException)
@@ -79,9 +131,46 @@ TAVRONE_EXCEPTION(FieldTypeMismatchException, TransformException)
 TAVRONE_EXCEPTION(FieldNullException, TransformException)
 TAVRONE_EXCEPTION(NamingException, TransformException)
 TAVRONE_EXCEPTION(SectionConstraintException, TransformException)
-TAVRONE_EXCEPTION(FieldParsingException, TransformException)
-TAVRONE_EXCEPTION(FieldValidationException, TransformException)
+TAVRONE_EXCEPTION(FIXParsingException, TransformException, FIXParsingException(TransformException const &other);)
+TAVRONE_EXCEPTION(FIXWriterException, TransformException, FIXWriterException(TransformException const &other);)
+TAVRONE_EXCEPTION(SIACCanonicalParsingException, TransformException,
+                  SIACCanonicalParsingException(TransformException const &other);)
+TAVRONE_EXCEPTION(SIACCanonicalWriterException, TransformException,
+                  SIACCanonicalWriterException(TransformException const &other);)
+// Drops the field's name: FieldName stays null, which is meant.
+TAVRONE_EXCEPTION(FieldParsingException, TransformException,
+                  FieldParsingException(tvstring const &message, tvstring const &fieldName);)
 
 #undef TAVRONE_EXCEPTION
+
+// Names the field that is not valid in FieldName.
+class TAVRONE_API FieldValidationException : public TransformException {
+ public:
+  FieldValidationException(tvstring const &message, tvstring const &fieldName);
+  FieldValidationException(FieldValidationException const &other);
+  FieldValidationException &operator=(FieldValidationException const &) = default;
+  ~FieldValidationException() noexcept(false) override;
+  Object *clone() const override;
+};
+
+class TAVRONE_API FCSParseException : public TransformException {
+ public:
+  FCSParseException(tvstring const &message);
+  FCSParseException(FCSParseException const &other);
+  FCSParseException &operator=(FCSParseException const &) = default;
+  ~FCSParseException() noexcept(false) override;
+  Object *clone() const override;
+
+  // The text of the input line that failed; empty at first.
+  void setFailedLine(tvstring const &line) { failedLine_ = line; }
+  tvstring const &getFailedLine() const { return failedLine_; }
+  void setLocation(int line, int column) {
+    setLine(line);
+    setColumn(column);
+  }
+
+ private:
+  tvstring failedLine_;
+};
 
 }  // namespace tavrone

@@ -161,4 +161,8 @@ tvstring catalogueMessage(char const *key, tvstring const &argument) {
   return catalogueMessage(key, arguments);
 }
 
+tvstring catalogueCode(char const *key) {
+  return Resources::getProperty(tvstringliteral(key) + ".code");
+}
+
 }  // namespace tavrone

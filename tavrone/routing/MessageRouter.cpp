@@ -60,6 +60,15 @@ MessageConfiguration *MessageRouter::getMessageConfiguration(InputSource &input)
 }
 
 void MessageRouter::processMessage(InputSource &input, TransformContext &context) const {
+  try {
+    process(input, context);
+  } catch (TransformException &failure) {
+    failure.setSeverity(ExceptionObject::EXCEPTION_SEVERITY_FATAL);
+    throw;
+  }
+}
+
+void MessageRouter::process(InputSource &input, TransformContext &context) const {
   Properties const &properties = getMessageConfiguration(input)->getContextProperties();
   tvstring const formatName = properties.getProperty(TransformContext::INPUT_FORMAT_PROPERTY);
   if (formatName.empty())

@@ -39,15 +39,17 @@ class TAVRONE_API MessageRouter : public Object {
   // and UnhandledMessageException, with the header's XML, if no configuration matches.
   MessageConfiguration *getMessageConfiguration(InputSource &input) const;
 
-  // Copies the properties of the message's configuration into the context and runs its input format. Failures of the
-  // format reach the caller as they are; the format is kept all the same. Raises TransformException "input.format
-  // property cannot be empty in the message configuration" before the context is touched.
+  // Copies the properties of the message's configuration into the context and runs its input format. Failures reach
+  // the caller as they are, a TransformException with the severity "fatal"; the format is kept all the same. Raises
+  // TransformException "input.format property cannot be empty in the message configuration" before the context is
+  // touched.
   void processMessage(InputSource &input, TransformContext &context) const;
   // With a context of its own for this message.
   void processMessage(InputSource &input) const;
 
  private:
   void deleteOwnedService();
+  void process(InputSource &input, TransformContext &context) const;
   void selectFormat(tvstring const &name) const;
 
   MessageIdentificationService *identificationService_;

@@ -3,8 +3,11 @@
 #include <gmock/gmock.h>
 
 #include "tavrone/core/Class.h"
+#include "tavrone/core/OwnedPointers.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/SmartPtr.h"
+#include "tavrone/core/Wrappers.h"
+#include "tavrone/dataobject/MetaInfo.h"
 #include "tests/Failure.h"
 
 namespace tavrone {
@@ -12,22 +15,30 @@ namespace {
 
 template <class E>
 class ExceptionClasses : public testing::Test {};
-using Classes = testing::Types<Exception, IllegalArgumentException, ClassNotFoundException, ClassCastException,
-                               LocalInitializationException, InternalError, TransformException,
-                               UnhandledMessageException, UnrecognizedMessageException, TransformRuntimeException,
-                               TransformNullValueException, FieldNotFoundException, FieldTypeMismatchException,
-                               FieldNullException, NamingException, SectionConstraintException, FieldParsingException>;
+using Classes =
+    testing::Types<Exception, IllegalArgumentException, ClassNotFoundException, ClassCastException,
+                   LocalInitializationException, InternalError, TransformException, UnhandledMessageException,
+                   UnrecognizedMessageException, TransformRuntimeException, TransformNullValueException,
+                   FieldNotFoundException, FieldTypeMismatchException, FieldNullException, NamingException,
+                   SectionConstraintException, FieldParsingException, FCSParseException, FIXParsingException,
+                   FIXWriterException, SIACCanonicalParsingException, SIACCanonicalWriterException>;
 TYPED_TEST_SUITE(ExceptionClasses, Classes);
 
-TYPED_TEST(ExceptionClasses, KeepsClassTextAndTraceInItsClone) {
+TYPED_TEST(ExceptionClasses, KeepsClassTextTraceCodeAndRecordInItsClone) {
   try {
-    raise<TypeParam>("the text", "cpp/Source", 12);
-  } catch (Exception const &e) {
+    raiseCatalogued<TypeParam>("SRT178", "Legs", "cpp/Source", 12);
+  } catch (Exception &e) {
+    auto *record = dynamic_cast<TransformException *>(&e);
+    if (record != nullptr) record->setErrorPhase("Input");
     SmartPtr<Object> const clone(e.clone());
-    auto const *copy = checkedCast<Exception>(clone.get());
-    EXPECT_EQ(Class(typeid(*copy)), Class(typeid(TypeParam)));
-    EXPECT_EQ(copy->getMessage(), "the text");
-    EXPECT_EQ(copy->getTraceString(), "cpp/Source:12:");
+    auto const &copy = *checkedCast<Exception>(clone.get());
+    EXPECT_EQ(Class(typeid(copy)), Class(typeid(TypeParam)));
+    EXPECT_EQ(copy.getMessage(), "No section with name 'Legs'.");
+    EXPECT_EQ(copy.getTraceString(), "cpp/Source:12:");
+    EXPECT_EQ(copy.toString(), e.toString());
+    if (record != nullptr) {
+      EXPECT_EQ(record->getErrorCode(), "SRT38");
+    }
   }
 }
 
@@ -61,15 +72,131 @@ TEST(Exceptions, CopiesShareTheNestedFailure) {
   EXPECT_EQ(assigned.getMessage(), "outer");
 }
 
-TEST(Exceptions, NestACloneOfTheirDetail) {
+TEST(Exceptions, NestAClone) {
   Exception outer("outer");
   EXPECT_EQ(outer.getDetail(), nullptr);
-  {
-    InternalError inner("inner");
+  for (char const *text : {"first", "second"}) {
+    TransformRuntimeException inner(text);
     outer.setDetail(inner);
   }
-  EXPECT_EQ(outer.getDetail()->getMessage(), "inner");
-  EXPECT_TRUE(typeid(*outer.getDetail()) == typeid(InternalError));
+  Exception const *borrowed = outer.getDetail();
+  outer.setDetail(outer);
+  EXPECT_EQ(outer.getDetail()->getDetail(), borrowed);
+  EXPECT_EQ(borrowed->getMessage(), "second");
+  EXPECT_TRUE(typeid(*borrowed) == typeid(TransformRuntimeException));
+}
+
+TEST(TransformExceptions, AreFatalAndCascadableAndRenderTheirRecord) {
+  TransformException e("a < b");
+  EXPECT_TRUE(e.getCascadable());
+  for (char const *null : {"Type", "FieldName", "FieldID"}) EXPECT_TRUE(e.isNull(null)) << null;
+  e.setContextProperty("Key", "1 < 2");
+  e.setErrorPhase("Input");
+  char const *const xml =
+      "<TransformException>\n\t<Message>a &lt; b</Message>\n\t<ErrorCode></ErrorCode>\n\t<Severity>fatal</Severity>\n"
+      "\t<Cascadable>true</Cascadable>\n\t<Error-Phase>Input</Error-Phase>\n\t<Key>1 < 2</Key>\n"
+      "</TransformException>\n";
+  for (tvstring const &form : {e.toXMLString(), e.toXMLString(3), e.toXMLString(true), e.toString()})
+    EXPECT_EQ(form, xml);
+}
+
+TEST(TransformExceptions, AreRecordsReadAndWrittenByIndex) {
+  TransformException const source("x");
+  ExceptionDataObject record;
+  EXPECT_EQ(record.getMetaInfo()->getName(), "ExceptionDataObject2");
+  for (int i = 0; i < record.getFieldCount(); ++i) {
+    bool const text = record.getFieldType(i) == "String";
+    EXPECT_TRUE(record.isNull(i));
+    if (text)
+      record.setField(i, record.getFieldName(i));
+    else
+      record.setField(i, BoolObject(true));
+    EXPECT_EQ(record.getFieldVal(i)->toString(), text ? record.getFieldName(i) : tvstring("true"));
+  }
+  EXPECT_EQ(record.getType() + record.getMessage() + record.getErrorCode() + record.getSeverity(),
+            "TypeMessageErrorCodeSeverity");
+  EXPECT_TRUE(record.getCascadable());
+  EXPECT_EQ(record.getFFieldName() + record.getFieldID(), "FieldNameFieldID");
+  EXPECT_TRUE(record.instanceOf("TransformException") && !record.instanceOf("ExceptionDataObject2"));
+  EXPECT_EQ(failureOf<TransformException>([&] { record.setField(0, IntObject(1)); }).text,
+            "Cannot convert Integer to String");
+  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { record.setField(7, StringObject("x")); }).line, 223);
+  record = source;
+  EXPECT_TRUE(record.isNull(0));
+  EXPECT_EQ(record.toXMLString(), source.toString());
+}
+
+TEST(TransformExceptions, KeepANullMessage) {
+  TransformException const e{ExceptionDataObject()};
+  TransformException const copy(e);
+  SmartPtr<TransformException> const clone(checkedCast<TransformException>(e.clone()));
+  for (TransformException const *null : {&e, &copy, const_cast<TransformException const *>(clone.get())}) {
+    Failure const failure = failureOf<FieldNullException>([&] { null->getMessage(); });
+    EXPECT_EQ(failure.text, "Attempt to access field 'Message' with null value");
+    EXPECT_EQ(failure.line, 167);
+  }
+  EXPECT_EQ(failureOf<FieldNullException>([&] { TransformException("x").addAll(e); }).line, 167);
+}
+
+TEST(TransformExceptions, CarryOneRecord) {
+  TransformException first("first");
+  first.setContextProperty("Key", "1");
+  FieldValidationException const second("second", "F1");
+  TransformException sum("x");
+  sum.addAll(first);
+  sum.addAll(&second);
+  EXPECT_EQ(sum.toString(), second.toString());
+
+  std::vector<ExceptionDataObject *> list;
+  EXPECT_EQ(TransformException(list).getMessage(), "No message");
+  first.getExceptionsAsList(list);
+  sum.getExceptionsAsList(list);
+  EXPECT_EQ(TransformException(list).toString(), first.toString());
+  ExceptionDataObject const &last = *list[1];
+  EXPECT_TRUE(typeid(last) == typeid(ExceptionDataObject));
+  EXPECT_EQ(last.getFFieldName(), "F1");
+  deleteAll(list);
+}
+
+TEST(TransformExceptions, KeepContextPropertiesThatAreNotEmpty) {
+  TransformException e("x");
+  EXPECT_EQ(e.getLine(), -1);
+  e.setLine(0);
+  e.setColumn(-7);
+  EXPECT_EQ(e.getLine(), 0);
+  EXPECT_EQ(e.getColumn(), -7);
+  e.fillErrorType("Validation");
+  e.fillErrorType("Mapping");
+  e.setErrorPhase("Output");
+  e.fillPhase("Input");
+  EXPECT_EQ(e.getErrorType() + e.getPhase(), "ValidationOutput");
+  for (char const *code : {"C1", ""}) {
+    e.setInternalCode(code);
+    EXPECT_EQ(e.getContextProperty(ExceptionObject::getINTERNAL_CODE()), code);
+  }
+  EXPECT_EQ(e.getContextProperties().size(), 4u);
+}
+
+TEST(TransformExceptions, SomeTakeMoreThanAText) {
+  EXPECT_TRUE(FieldParsingException("bad", "F1").isNull("FieldName"));
+  EXPECT_EQ(FieldValidationException("bad", "F1").getFFieldName(), "F1");
+  FCSParseException line("bad");
+  line.setFailedLine("the line");
+  line.setLocation(3, 4);
+  SmartPtr<FCSParseException> const copy(checkedCast<FCSParseException>(line.clone()));
+  EXPECT_EQ(copy->getFailedLine(), "the line");
+  FIXParsingException const again(line);
+  EXPECT_EQ(again.toString(), line.toString());
+  EXPECT_EQ(again.getColumn(), 4);
+}
+
+TEST(TransformExceptions, HaveOneCount) {
+  auto *e = new NamingException("x");
+  SmartPtr<Object> const object(e);
+  SmartPtr<TransformException> const failure(e);
+  SmartPtr<ExceptionDataObject> const record(e);
+  EXPECT_EQ(e->getRefCount(), 3);
+  EXPECT_EQ(NamingException(*e).getRefCount(), 0);
 }
 
 }  // namespace

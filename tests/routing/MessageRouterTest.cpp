@@ -83,10 +83,15 @@ TEST_F(MessageRouterTest, AFailedLookUpForgetsNoFormat) {
   EXPECT_EQ(a.made + missing.made, 2);
 }
 
-TEST_F(MessageRouterTest, AFailureOfTheFormatPassesAndTheFormatStays) {
+TEST_F(MessageRouterTest, AFailureOfTheFormatPassesAsFatalAndTheFormatStays) {
   BoundFormat<TestFormat> a("A");
   add("", "A");
-  EXPECT_EQ(failure<TransformRuntimeException>("fail").substr(0, 5), "test:");
+  EXPECT_EQ(failure<TransformRuntimeException>("fail"), "test:1:failed");
+  try {
+    process("fail");
+  } catch (TransformException const &e) {
+    EXPECT_EQ(e.getSeverity(), "fatal");
+  }
   process("a");
   EXPECT_EQ(a.made, 1);
 }

@@ -61,7 +61,7 @@ struct TestIdentifier : MessageIdentifier {
   Properties properties;
 };
 
-// Notes what it was handed; fails on the payload "fail".
+// Notes what it was handed; fails with a warning on the payload "fail".
 struct TestFormat : IInputFormat {
   DataObject *handleInput(InputSource &input, TransformContext &context) override {
     processInput(input, context);
@@ -73,7 +73,10 @@ struct TestFormat : IInputFormat {
     tvstring const text(bytes, static_cast<size_t>(length));
     log.push_back(context.getProperty("input.format") + ":" + text + context.getProperty("extra"));
     context.setProperty("extra", "+");
-    if (text == "fail") raise<TransformRuntimeException>("failed", "test");
+    if (text != "fail") return;
+    auto failure = failureAt<TransformRuntimeException>("failed", "test", 1);
+    failure.setSeverity("warn");
+    throw failure;
   }
 
   static inline std::vector<tvstring> log;

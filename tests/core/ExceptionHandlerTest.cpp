@@ -1,0 +1,66 @@
+#include "tavrone/core/ExceptionHandler.h"
+
+#include <gtest/gtest.h>
+
+#include "tavrone/core/Raise.h"
+#include "tavrone/core/Result.h"
+#include "tests/Failure.h"
+
+namespace tavrone {
+namespace {
+
+TEST(DraconianExceptionHandler, ReducesAnExceptionToItsRecordAndTrace) {
+  ExceptionHandler *const handler = ExceptionHandler::DRACONIAN_EXCEPTION_HANDLER;
+  try {
+    raiseCatalogued<FieldNullException>("SRT500", "F1", "cpp/Source", 12);
+  } catch (FieldNullException &e) {
+    e.fillPhase("Input");
+    EXPECT_EQ(failureOf<TransformException>([&] { handler->onException(&e); }).line, 12);
+    try {
+      handler->onException(&e);
+    } catch (TransformException const &thrown) {
+      EXPECT_EQ(thrown.toString(), e.toString());
+    }
+  }
+  ExceptionDataObject record;
+  record.setMessage("plain");
+  Failure const failure = failureOf<TransformException>([&] { handler->onException(&record); });
+  EXPECT_EQ(failure.text, "plain");
+  EXPECT_EQ(failure.line, 0);
+}
+
+// A record of each kind, collected.
+std::vector<ExceptionDataObject *> collect() {
+  CascadingExceptionHandler handler;
+  FieldValidationException e("first", "F1");
+  handler.onException(&e);
+  e.setMessage("second");
+  ExceptionDataObject record(e);
+  handler.onException(&record);
+  e.setMessage("changed");
+  return handler.getExceptions();
+}
+
+TEST(CascadingExceptionHandler, KeepsAnIndependentCloneOfEachRecordInOrder) {
+  Result<int> const result(0, collect());
+  ASSERT_EQ(result.exceptions.size(), 2u);
+  ExceptionDataObject const &first = *result.exceptions[0];
+  EXPECT_TRUE(typeid(first) == typeid(FieldValidationException));
+  EXPECT_EQ(first.getMessage() + result.exceptions[1]->getMessage(), "firstsecond");
+}
+
+TEST(Results, OwnTheirRecordsThroughCopiesAndMoves) {
+  Result<tvstring> first("value", collect());
+  Result<tvstring> second(first);
+  EXPECT_NE(second.exceptions[0], first.exceptions[0]);
+  ExceptionDataObject const &clone = *second.exceptions[0];
+  EXPECT_TRUE(typeid(clone) == typeid(FieldValidationException));
+  Result<tvstring> const third(std::move(first));
+  EXPECT_TRUE(first.exceptions.empty());
+  second = third;
+  EXPECT_EQ(second.value, "value");
+  EXPECT_EQ(second.exceptions.size() + third.exceptions.size(), 4u);
+}
+
+}  // namespace
+}  // namespace tavrone
