@@ -1,11 +1,21 @@
 #pragma once
 
+#include <compare>
+#include <concepts>
+#include <type_traits>
+
 #include "tavrone/core/MAPM.h"
 #include "tavrone/core/tvstring.h"
 
 namespace tavrone {
 
 class BigInteger;
+
+// What may stand beside a T: a T, a whole number beside a decimal, a text, a built-in number.
+template <class X, class T>
+concept OperandOf = std::convertible_to<X const &, T>;
+template <class X, class T>
+concept LeftOperandOf = OperandOf<X, T> && !std::same_as<X, T>;
 
 // The operations of MAPM whose results are of the number's own class T.
 template <class T>
@@ -29,10 +39,41 @@ class TypedMAPM : public MAPM {
   T roundDecimals(int decimals) const { return T(MAPM::roundDecimals(decimals)); }
   T truncateDecimals(int decimals) const { return T(MAPM::truncateDecimals(decimals)); }
 
+  // On either side of a T. Exact for both operands: so they win over the operators of MAPM, which give an int.
+  template <OperandOf<T> X>
+  friend bool operator==(T const &a, X const &b) {
+    return order(a, b) == 0;
+  }
+  template <OperandOf<T> X>
+  friend std::strong_ordering operator<=>(T const &a, X const &b) {
+    return order(a, b) <=> 0;
+  }
+
+  // The operations above with the T on the right.
+  template <LeftOperandOf<T> X>
+  friend T operator+(X const &a, T const &b) {
+    return T(a) + b;
+  }
+  template <LeftOperandOf<T> X>
+  friend T operator-(X const &a, T const &b) {
+    return T(a) - b;
+  }
+  template <LeftOperandOf<T> X>
+  friend T operator*(X const &a, T const &b) {
+    return T(a) * b;
+  }
+  template <LeftOperandOf<T> X>
+  friend T operator/(X const &a, T const &b) {
+    return T(a) / b;
+  }
+
  protected:
   using MAPM::MAPM;
   TypedMAPM() = default;
   TypedMAPM(MAPM &&value) noexcept : MAPM(std::move(value)) {}
+
+ private:
+  static int order(T const &a, T const &b) { return a.compare(b); }
 };
 
 // A decimal value that loses no digit. See MAPM for text, ownership and failures.
@@ -40,6 +81,7 @@ class TAVRONE_API BigDecimal : public TypedMAPM<BigDecimal> {
  public:
   BigDecimal() = default;
   BigDecimal(int value) : TypedMAPM(value) {}
+  BigDecimal(long value) : TypedMAPM(static_cast<long long>(value)) {}
   BigDecimal(long long value) : TypedMAPM(value) {}
   // Floating-point values keep 15 significant digits.
   BigDecimal(float value) : TypedMAPM(static_cast<double>(value)) {}
@@ -47,13 +89,6 @@ class TAVRONE_API BigDecimal : public TypedMAPM<BigDecimal> {
   BigDecimal(char const *text) : TypedMAPM(text) {}
   BigDecimal(tvstring const &text) : TypedMAPM(text.data(), text.length()) {}
   BigDecimal(BigInteger const &value);
-
-  bool operator==(BigDecimal const &other) const { return compare(other) == 0; }
-  bool operator!=(BigDecimal const &other) const { return compare(other) != 0; }
-  bool operator<(BigDecimal const &other) const { return compare(other) < 0; }
-  bool operator<=(BigDecimal const &other) const { return compare(other) <= 0; }
-  bool operator>(BigDecimal const &other) const { return compare(other) > 0; }
-  bool operator>=(BigDecimal const &other) const { return compare(other) >= 0; }
 
   BigDecimal operator/(BigDecimal const &divisor) const { return divide(divisor); }
   BigDecimal divide(BigDecimal const &divisor) const { return BigDecimal(MAPM::divide(divisor)); }
@@ -73,17 +108,14 @@ class TAVRONE_API BigDecimal : public TypedMAPM<BigDecimal> {
 class TAVRONE_API BigInteger : public TypedMAPM<BigInteger> {
  public:
   BigInteger() = default;
-  BigInteger(int value) : TypedMAPM(value) {}
+  // Any integer that a long long holds.
+  template <std::integral T>
+  requires(std::is_signed_v<T> || sizeof(T) < sizeof(long long)) BigInteger(T value)
+      : TypedMAPM(static_cast<long long>(value)) {}
+  explicit BigInteger(double value) : BigInteger(MAPM(value).truncateDecimals(0)) {}
   BigInteger(char const *text) : BigInteger(MAPM(text).truncateDecimals(0)) {}
   BigInteger(tvstring const &text) : BigInteger(BigDecimal(text)) {}
   explicit BigInteger(BigDecimal const &value) : BigInteger(value.MAPM::truncateDecimals(0)) {}
-
-  bool operator==(BigInteger const &other) const { return compare(other) == 0; }
-  bool operator!=(BigInteger const &other) const { return compare(other) != 0; }
-  bool operator<(BigInteger const &other) const { return compare(other) < 0; }
-  bool operator<=(BigInteger const &other) const { return compare(other) <= 0; }
-  bool operator>(BigInteger const &other) const { return compare(other) > 0; }
-  bool operator>=(BigInteger const &other) const { return compare(other) >= 0; }
 
   // The whole part of the quotient. divide() is MAPM's and gives the fraction, too.
   BigInteger operator/(BigInteger const &divisor) const { return integer_divide(divisor); }
