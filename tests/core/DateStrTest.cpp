@@ -5,11 +5,10 @@
 #include <algorithm>
 #include <climits>
 #include <random>
-#include <string>
 #include <tuple>
 
 #include "tavrone/core/DateTime.h"
-#include "tavrone/core/Exceptions.h"
+#include "tests/Failure.h"
 
 namespace tavrone {
 namespace {
@@ -20,21 +19,18 @@ Text text(tvstring const &value) {
   return {value.data(), value.length()};
 }
 
-// What `run` gives, or the failure's text.
+// What `run` gives, or the failure's text; a failure that isn't the pattern language's own has its source before it.
 template <class Run>
-Text orFailure(Run run, char const *source = "cpp/date/DateStr") {
-  try {
-    return run();
-  } catch (TransformRuntimeException const &failure) {
-    EXPECT_EQ(text(failure.getTrace().getFileName()), source);
-    return text(failure.getMessage());
-  }
+Text orFailure(Run run) {
+  Text result;
+  Failure const failure = failureOf<TransformRuntimeException>([&] { result = run(); });
+  return result + (failure.source.empty() || failure.source == "cpp/date/DateStr" ? "" : failure.source + ": ") +
+         failure.text;
 }
 
-Text read(Text const &value, Text const &pattern, char const *source = "cpp/date/DateStr") {
+Text read(Text const &value, Text const &pattern) {
   return orFailure(
-      [&] { return text(DateTime::fromString(value.c_str(), pattern.c_str()).toString("yyyy-MM-ddTHH:mm:ss.SSS")); },
-      source);
+      [&] { return text(DateTime::fromString(value.c_str(), pattern.c_str()).toString("yyyy-MM-ddTHH:mm:ss.SSS")); });
 }
 
 TEST(DateStr, FormatsEveryRun) {
@@ -55,8 +51,6 @@ TEST(DateStr, FormatsEveryRun) {
       {{12345, 1, 1, 0, 0, 0, 0}, "yyyy yy", "12345 45"},
       {{-44, 3, 15, 0, 0, 0, 0}, "yyyy yy", "0044 44"},
       {{1979, 1, 1, 0, 0, 0, 0}, "yyyy", "1979"},
-      {{1980, 1, 1, 0, 0, 0, 0}, "yyyy", "1980"},
-      {{2029, 1, 1, 0, 0, 0, 0}, "yyyy", "2029"},
       {{2030, 1, 1, 0, 0, 0, 0}, "yyyy", "2030"},
       {{2099, 99, 60, 100, -1, 0, 1234}, "yy MM dd H m S", "99 99 60 100 -1 1234"},
       {{INT_MIN, INT_MIN, INT_MIN, 0, 0, 0, -1}, "yyyy MM dd S", "2147483648 -2147483648 -2147483648 -01"},
@@ -91,7 +85,6 @@ TEST(DateStr, ReadsByThePattern) {
   } const cases[] = {
       {"20010203", "yyyyMMdd", "2001-02-03T00:00:00.000"},
       {"20010203-04:05:06.789", "yyyyMMdd-HH:mm:ss.SSS", "2001-02-03T04:05:06.789"},
-      {"23:59:58", "HH:mm:ss", "1970-01-01T23:59:58.000"},
       {"", "", "1970-01-01T00:00:00.000"},
       {"69", "yy", "2069-01-01T00:00:00.000"},
       {"70", "yy", "1970-01-01T00:00:00.000"},
@@ -108,26 +101,22 @@ TEST(DateStr, ReadsByThePattern) {
       {"1", "dd yyy", "Error parsing date string, expected pattern 'dd yyy' found ''"},
       {"101", "yyydd", "Illegal year pattern in 'yyydd'. Only patterns 'yy' and 'yyyy' are supported."},
       {"1", "M", "Illegal month pattern in 'M'. At least 2 M's expected."},
-      {"1", "d", "Illegal date pattern in 'd'. Only pattern 'dd' is supported."},
       {"1", "ddd", "Illegal date pattern in 'ddd'. Only pattern 'dd' is supported."},
       {"1", "H", "Illegal hour pattern in 'H'. Only pattern 'HH' is supported."},
       {"1", "m", "Illegal minute pattern in 'm'. Only pattern 'mm' is supported."},
       {"1", "sss", "Illegal seconds pattern in 'sss'. Only pattern 'ss' is supported."},
       {"1", "SSSS", "Illegal milli-seconds pattern in 'SSSS'. Only pattern 'SSS' is supported."},
       {"25-jam", "dd-MMM", "Error parsing month part of date string, expected pattern 'dd-MMM' found '25-jam'"},
-      {"25-ja", "dd-MMM", "Error parsing month part of date string, expected pattern 'dd-MMM' found '25-ja'"},
       {"Sept", "MMMM", "Error parsing month part of date string, expected pattern 'MMMM' found 'Sept'"},
       {"x", "ddMMM", "Error parsing month part of date string, expected pattern 'ddMMM' found 'x'"},
       {"2001/02", "yyyy-MM", "Error parsing date string, expected pattern 'yyyy-MM' found '/02'"},
       {"1", "HH:mm", "Error parsing date string, expected pattern 'HH:mm' found ''"},
       {"20010203x", "yyyyMMdd",
        "Additional characters at the end of date string, expected pattern 'yyyyMMdd' found 'x'"},
+      {"2001", "yyyyMMdd", "cpp/date/DateTime: Illegal date 2001-00-00"},
+      {"24:00:00", "HH:mm:ss", "cpp/date/DateTime: Illegal time 24:00:00.000"},
   };
   for (auto const &c : cases) EXPECT_EQ(read(c.text, c.pattern), c.result) << c.pattern;
-
-  EXPECT_EQ(read("2001", "yyyyMMdd", "cpp/date/DateTime"), "Illegal date 2001-00-00");
-  EXPECT_EQ(read("24:00:00", "HH:mm:ss", "cpp/date/DateTime"), "Illegal time 24:00:00.000");
-  EXPECT_EQ(read("99999999", "yyyyMMdd", "cpp/date/DateTime"), "Illegal date 9999-99-99");
 }
 
 TEST(DateStr, ReadsViewsWithoutATerminator) {
@@ -141,37 +130,30 @@ TEST(DateStr, ReadsViewsWithoutATerminator) {
 // The shortcuts of the common patterns against the machine for any pattern, over texts and values with flaws.
 TEST(DateStr, ShortcutsChangeNothing) {
   std::mt19937 random(1);
-  auto const below = [&](unsigned n) { return static_cast<int>(random() % n); };
+  auto const below = [&](size_t n) { return static_cast<int>(random() % n); };
   for (Text const pattern : {"yyyyMMdd", "yyyyMMdd-HH:mm:ss", "yyyyMMdd-HH:mm:ss.SSS", "HH:mm:ss", "HH:mm:ss.SSS",
                              "yyyy-MM-dd", "yyyy-MM-ddTHH:mm:ss", "yyyy-MM-ddTHH:mm:ss.SSS"}) {
     for (int round = 0; round < 2000; ++round) {
       BrokenDownTime const time{below(1100), below(70) - 5, below(70) - 5,     below(30) - 3,
                                 below(64),   below(70) - 5, below(11000) - 500};
-      size_t const size = round % 2 == 0 ? 64 : static_cast<size_t>(below(30));
+      size_t const size = round % 2 == 0 ? 64 : static_cast<size_t>(1 + below(29));
       auto const format = [&](auto machine) {
-        Text out(64, '#');
-        out.resize(machine(out.data(), size, pattern.data(), pattern.size(), time) + 1);
-        return out;
+        char out[64];
+        return Text(out, machine(out, size, pattern.data(), pattern.size(), time));
       };
       Text value = format(DateStr::formatAnyPattern);
       EXPECT_EQ(format(DateStr::format), value) << pattern;
 
-      value.pop_back();
-      for (int flaws = below(3); flaws > 0 && !value.empty(); --flaws) {
-        size_t const at = static_cast<size_t>(below(static_cast<unsigned>(value.size())));
-        if (below(3) == 0)
-          value.resize(at);
-        else
-          value[at] = "09:/- \xff"[below(7)];
-      }
+      for (int flaws = below(3); flaws > 0 && !value.empty(); --flaws)
+        value[static_cast<size_t>(below(value.size()))] = "09:/- \xff"[below(7)];
+      if (below(3) == 0) value.resize(static_cast<size_t>(below(value.size() + 1)));
       auto const parse = [&](auto machine) {
-        BrokenDownTime result{1, 2, 3, 4, 5, 6, 7};
+        BrokenDownTime t{1, 2, 3, 4, 5, 6, 7};
         Text const failure = orFailure([&] {
-          machine(value.data(), value.size(), pattern.data(), pattern.size(), result);
+          machine(value.data(), value.size(), pattern.data(), pattern.size(), t);
           return Text();
         });
-        return failure + testing::PrintToString(std::tie(result.millisecond, result.second, result.minute, result.hour,
-                                                         result.dayOfMonth, result.month, result.year));
+        return std::tuple(failure, t.millisecond, t.second, t.minute, t.hour, t.dayOfMonth, t.month, t.year);
       };
       EXPECT_EQ(parse(DateStr::parse), parse(DateStr::parseAnyPattern)) << pattern << ' ' << value;
     }
