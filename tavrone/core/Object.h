@@ -91,7 +91,10 @@ class TAVRONE_API ObjectRef : public virtual Object {
   // At a count of 0 it goes on to -1 and deletes nothing.
   void releaseRef() override {
     checkThreadOwner();
-    if (--references_ == 0) delete this;
+    if (--references_ == 0)
+      delete this;
+    else if (references_ < 0)
+      type_ = &typeid(*this);
   }
 
   // Decrements a count above 0; never deletes.
@@ -120,7 +123,7 @@ class TAVRONE_API ObjectRef : public virtual Object {
   void checkThreadOwner() const {}
 
   int32_t references_ = 0;
-  // The class as the first reference found it: in the destructor the run-time type is already this one.
+  // The class as the count's leaving 0 found it: in the destructor the run-time type is already this one.
   std::type_info const *type_ = nullptr;
 };
 

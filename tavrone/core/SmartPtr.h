@@ -7,8 +7,8 @@ namespace tavrone {
 // A pointer that holds one reference on any class of the Object tree. Around a plain Object, whose one owner it then
 // is, a SmartPtr must not be copied while both copies live.
 //
-// Assignment releases the old object before it adds the new one: a SmartPtr that holds the only reference and is
-// assigned to itself destroys the object and becomes null. That is meant.
+// Assignment of a pointer or a copy releases the old object before it adds the new one: a SmartPtr that holds the only
+// reference and is assigned to itself destroys the object and becomes null. That is meant.
 template <class T>
 class SmartPtr {
  public:
@@ -35,6 +35,14 @@ class SmartPtr {
   SmartPtr &operator=(SmartPtr const &other) {  // NOLINT(bugprone-unhandled-self-assignment): see above
     release();
     set(other.object_);
+    return *this;
+  }
+  // Takes over the reference before it releases its own, so that `list = std::move(list->next)` is sound.
+  SmartPtr &operator=(SmartPtr &&other) noexcept(false) {
+    T *const taken = other.object_;
+    other.object_ = nullptr;
+    release();
+    object_ = taken;
     return *this;
   }
   // Drops the reference and leaves the pointer null.
