@@ -12,26 +12,24 @@
 
 namespace {
 
-int indexAt(std::string const &pattern, size_t open) {
-  size_t const close = pattern.find('}', open);
-  if (close == std::string::npos) return -1;
-  try {
-    return t_atoi(pattern.data() + open + 1, pattern.data() + close);
-  } catch (tavrone::TransformException const &) {
-    return -1;
-  }
+int indexAt(std::string const &pattern, size_t open, size_t close) try {
+  return pattern[open] != '{' || close == std::string::npos ? -1
+                                                            : t_atoi(pattern.data() + open + 1, pattern.data() + close);
+} catch (tavrone::TransformException const &) {
+  return -1;
 }
 
 std::string model(std::string const &pattern, tavrone::ObjectList const &args) {
   std::string out;
-  for (size_t i = 0; i < pattern.size();) {
-    int const index = pattern[i] == '{' ? indexAt(pattern, i) : -1;
+  for (size_t i = 0; i < pattern.size(); ++i) {
+    size_t const close = pattern.find('}', i);
+    int const index = indexAt(pattern, i, close);
     if (index >= 0 && index < args.size()) {
       out += args[index]->toString().c_str();
-      i = pattern.find('}', i) + 1;
+      i = close;
     } else {
       out += pattern[i];
-      i += pattern.compare(i, 2, "''") == 0 ? 2 : 1;
+      if (pattern.compare(i, 2, "''") == 0) ++i;
     }
   }
   return out;

@@ -7,6 +7,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "tavrone/core/DigitText.h"
 #include "tavrone/core/Raise.h"
 
 // Digits are read and written eight at a time: a 64-bit word holds eight of them, the first in the lowest byte, and
@@ -17,54 +18,23 @@
 // before it is shifted and rounded: the eight decimals are exact with no floating arithmetic at all. From 2^64 on the
 // digits come from a shifted big number in limbs of nine digits.
 
+using tavrone::areDigits;
+using tavrone::ASCII_ZEROS;
+using tavrone::load4;
+using tavrone::load8;
 using tavrone::tvstring;
+using tavrone::valueOf8;
 
 namespace {
 
 __extension__ using uint128 = unsigned __int128;
 
 constexpr char const *SOURCE = "cpp/Conversion";
-constexpr uint64_t ASCII_ZEROS = 0x3030303030303030;
-
-inline uint64_t load8(char const *from) {
-  uint64_t word;
-  std::memcpy(&word, from, sizeof word);
-  return word;
-}
-
-inline uint32_t load4(char const *from) {
-  uint32_t word;
-  std::memcpy(&word, from, sizeof word);
-  return word;
-}
 
 template <class Word>
 void store(char *to, uint64_t word) {
   Word const part = static_cast<Word>(word);
   std::memcpy(to, &part, sizeof part);
-}
-
-[[noreturn]] TAVRONE_COLD void raiseBadNumber(char const *begin, char const *end, char const *type) {
-  tavrone::raise<tavrone::TransformException>(
-      "Cannot convert '" + tvstring(begin, static_cast<size_t>(end - begin)) + "' to " + type, SOURCE);
-}
-
-[[noreturn]] TAVRONE_COLD void raiseOverflow(char const *begin, char const *end, char const *kind, char const *type) {
-  tavrone::raise<tavrone::TransformException>(tvstring(kind) + " overflow. Cannot convert '" +
-                                                  tvstring(begin, static_cast<size_t>(end - begin)) + "' to " + type,
-                                              SOURCE);
-}
-
-inline bool areDigits(uint64_t word) {
-  constexpr uint64_t HIGH = 0xF0F0F0F0F0F0F0F0;
-  return (word & HIGH) == ASCII_ZEROS && ((word + 0x0606060606060606) & HIGH) == ASCII_ZEROS;
-}
-
-inline uint64_t valueOf8(uint64_t word) {
-  constexpr uint64_t PAIRS = 0x000000FF000000FF;
-  word -= ASCII_ZEROS;
-  word = word * 10 + (word >> 8);
-  return ((word & PAIRS) * (1000000ULL << 32 | 100) + (word >> 16 & PAIRS) * (10000ULL << 32 | 1)) >> 32;
 }
 
 // The last n of the word's eight characters, with zeros before them. REQUIRES: 0 < n <= 8
@@ -77,8 +47,8 @@ inline uint64_t keepLast(uint64_t word, size_t n) {
 inline uint64_t loadLast(char const *from, size_t n) {
   uint64_t word;
   if (n >= 4) {
-    uint32_t const front = static_cast<uint32_t>(uint64_t{load4(from)} << (8 * (8 - n)));
-    word = uint64_t{load4(from + n - 4)} << 32 | front;
+    uint32_t const front = static_cast<uint32_t>(load4(from) << (8 * (8 - n)));
+    word = load4(from + n - 4) << 32 | front;
   } else {
     word = uint64_t{static_cast<unsigned char>(from[n - 1])} << 56 |
            uint64_t{static_cast<unsigned char>(from[n / 2])} << (n == 3 ? 48 : 56) |
@@ -111,18 +81,12 @@ inline bool readDigits(char const *from, size_t n, uint64_t &value) {
   return good && areDigits(word);
 }
 
-// What the failures of a reader say.
+enum class Outcome { Number, NoNumber, Overflow };
+
 template <class Signed>
-struct Reader;
-template <>
-struct Reader<int> {
-  static constexpr char const *TYPE = "int";
-  static constexpr char const *KIND = "Integer";
-};
-template <>
-struct Reader<long long> {
-  static constexpr char const *TYPE = "long";
-  static constexpr char const *KIND = "Long";
+struct Reading {
+  Signed value;
+  Outcome outcome;
 };
 
 // So many digits can't overflow the type; only those behind them need the test for it.
@@ -131,37 +95,52 @@ constexpr size_t SAFE_DIGITS = std::numeric_limits<Signed>::digits10;
 
 // The value is kept negative, so that the lowest one is read exactly, in the unsigned type, which may wrap.
 template <class Signed>
-TAVRONE_COLD Signed readLong(char const *begin, char const *digits, char const *end) {
+TAVRONE_COLD Reading<Signed> readLong(char const *digits, char const *end, bool negative) {
   using Unsigned = std::make_unsigned_t<Signed>;
-  using Names = Reader<Signed>;
   uint64_t magnitude;
-  if (!readDigits(digits, SAFE_DIGITS<Signed>, magnitude)) raiseBadNumber(begin, end, Names::TYPE);
+  if (!readDigits(digits, SAFE_DIGITS<Signed>, magnitude)) return {0, Outcome::NoNumber};
   Unsigned value = 0 - static_cast<Unsigned>(magnitude);
   for (char const *at = digits + SAFE_DIGITS<Signed>; at != end; ++at) {
     unsigned const digit = static_cast<unsigned char>(*at) - static_cast<unsigned>('0');
-    if (digit > 9) raiseBadNumber(begin, end, Names::TYPE);
+    if (digit > 9) return {0, Outcome::NoNumber};
     // Looks at the sign alone: a longer text that wraps past zero is not noticed.
-    if (static_cast<Signed>(value) > 0) raiseOverflow(begin, end, Names::KIND, Names::TYPE);
+    if (static_cast<Signed>(value) > 0) return {0, Outcome::Overflow};
     value = value * 10 - digit;
   }
-  if (*begin == '-') return static_cast<Signed>(value);
+  if (negative) return {static_cast<Signed>(value), Outcome::Number};
   Signed const result = static_cast<Signed>(0 - value);
-  if (result < 0) raiseOverflow(begin, end, Names::KIND, Names::TYPE);
-  return result;
+  return {result, result < 0 ? Outcome::Overflow : Outcome::Number};
 }
 
 template <class Signed>
-Signed readDecimal(char const *begin, char const *end) {
-  if (begin == end) raiseBadNumber(begin, end, Reader<Signed>::TYPE);
+inline Reading<Signed> readDecimal(char const *begin, char const *end) {
+  if (begin == end) return {0, Outcome::NoNumber};
   bool const negative = *begin == '-';
   char const *digits = begin + (static_cast<int>(negative) | static_cast<int>(*begin == '+'));
   size_t const n = static_cast<size_t>(end - digits);
-  if (n == 0) return 0;
-  if (n > SAFE_DIGITS<Signed>) return readLong<Signed>(begin, digits, end);
+  if (n == 0) return {0, Outcome::Number};
+  if (n > SAFE_DIGITS<Signed>) return readLong<Signed>(digits, end, negative);
   uint64_t magnitude;
-  if (!readDigits(digits, n, magnitude)) raiseBadNumber(begin, end, Reader<Signed>::TYPE);
+  if (!readDigits(digits, n, magnitude)) return {0, Outcome::NoNumber};
   Signed const value = static_cast<Signed>(magnitude);
-  return negative ? -value : value;
+  return {negative ? -value : value, Outcome::Number};
+}
+
+template <class Signed>
+[[noreturn]] TAVRONE_COLD void raiseNoNumber(char const *begin, char const *end, Outcome outcome) {
+  constexpr bool IS_INT = std::is_same_v<Signed, int>;
+  tvstring const prefix(outcome == Outcome::NoNumber ? "" : IS_INT ? "Integer overflow. " : "Long overflow. ");
+  tavrone::raise<tavrone::TransformException>(prefix + "Cannot convert '" +
+                                                  tvstring(begin, static_cast<size_t>(end - begin)) + "' to " +
+                                                  (IS_INT ? "int" : "long"),
+                                              SOURCE);
+}
+
+template <class Signed>
+inline Signed readOrRaise(char const *begin, char const *end) {
+  auto const [value, outcome] = readDecimal<Signed>(begin, end);
+  if (outcome != Outcome::Number) raiseNoNumber<Signed>(begin, end, outcome);
+  return value;
 }
 
 // The most frequent numbers, ready-made and terminated.
@@ -328,8 +307,12 @@ inline char *writeDouble(double value, char *out) {
 
 }  // namespace
 
-int t_atoi(char const *begin, char const *end) { return readDecimal<int>(begin, end); }
-long long t_atol(char const *begin, char const *end) { return readDecimal<long long>(begin, end); }
+int t_atoi(char const *begin, char const *end) {
+  return readOrRaise<int>(begin, end);
+}
+long long t_atol(char const *begin, char const *end) {
+  return readOrRaise<long long>(begin, end);
+}
 
 void t_itoa(int value, char *out) {
   writeDecimal(value, out);
@@ -408,6 +391,12 @@ tvstring boolToString(bool value) {
 }
 
 namespace tavrone {
+
+bool tryReadInt(char const *begin, char const *end, int &value) {
+  auto const reading = readDecimal<int>(begin, end);
+  value = reading.value;
+  return reading.outcome == Outcome::Number;
+}
 
 namespace {
 

@@ -29,8 +29,7 @@ TAVRONE_API tavrone::tvstring &dlongToString(long long value, tavrone::tvstring 
 
 // The text of the C format "%.8f", rounded half to even on the exact value, without trailing zeros but for one behind
 // the point: "1.5", "2.0", "-0.0". No exponent ever: 1e300 has 301 digits. Letters stay as the C library prints them:
-// "inf",
-// "-inf", "nan", "-nan". A float is widened first.
+// "inf", "-inf", "nan", "-nan". A float is widened first.
 TAVRONE_API tavrone::tvstring doubleToString(double value);
 TAVRONE_API tavrone::tvstring &doubleToString(double value, tavrone::tvstring &out);
 TAVRONE_API char *doubleToString(double value, char *out);

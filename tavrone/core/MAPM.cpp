@@ -12,6 +12,7 @@
 #include <new>
 
 #include "tavrone/core/Conversion.h"
+#include "tavrone/core/DigitText.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/tvstring.h"
 
@@ -449,18 +450,9 @@ struct Decimal {
  private:
   static uint64_t run(char const *at, int64_t count) {
     uint64_t value = 0;
-    for (; count >= 8; count -= 8, at += 8) value = value * 100'000'000 + eightDigits(at);
+    for (; count >= 8; count -= 8, at += 8) value = value * 100'000'000 + valueOf8(load8(at));
     for (; count > 0; --count) value = value * 10 + static_cast<uint64_t>(*at++ - '0');
     return value;
-  }
-  // Pairs, then fours, then the whole, each step in parallel within one word.
-  static uint64_t eightDigits(char const *at) {
-    uint64_t word;
-    std::memcpy(&word, at, sizeof word);
-    word -= 0x3030303030303030;
-    word = word * 10 + (word >> 8);
-    constexpr uint64_t PAIRS = 0x000000FF000000FF;
-    return ((word & PAIRS) * 0x000F424000000064 + ((word >> 16) & PAIRS) * 0x0000271000000001) >> 32;
   }
 };
 

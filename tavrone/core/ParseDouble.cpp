@@ -7,6 +7,7 @@
 #include <cstring>
 #include <limits>
 
+#include "tavrone/core/DigitText.h"
 #include "tavrone/core/Parsing.h"
 
 // Three ways to a value, tried in this order:
@@ -26,8 +27,6 @@ constexpr int MAX_EXACT_POWER = 22;
 constexpr std::array<double, MAX_EXACT_POWER + 1> POWERS_OF_10 = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                                   1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                                                   1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr std::array<uint64_t, 9> INTEGER_POWERS_OF_10 = {1,      10,      100,      1000,     10000,
-                                                          100000, 1000000, 10000000, 100000000};
 
 // Masks for the last n bytes of a word in memory.
 constexpr std::array<uint64_t, 9> LAST_BYTES = {0,           ~0ull << 56, ~0ull << 48, ~0ull << 40, ~0ull << 32,
@@ -41,17 +40,6 @@ inline bool isExponentMark(char c) {
 }
 inline bool isSign(char c) {
   return c == '+' || c == '-';
-}
-
-inline uint64_t load8(char const *from) {
-  uint64_t word;
-  std::memcpy(&word, from, 8);
-  return word;
-}
-inline uint64_t load4(char const *from) {
-  uint32_t word;
-  std::memcpy(&word, from, 4);
-  return word;
 }
 
 // The first and the last eight characters of a text, the first of them in the lowest byte. A shorter text fills the low
@@ -79,18 +67,6 @@ struct TextEnds {
   static uint64_t byte(char c) { return static_cast<unsigned char>(c); }
 };
 
-// Both take eight digits as values, not characters; the first stands in the lowest byte.
-inline bool areDigits(uint64_t digits) {
-  return (((digits + 0x06 * BYTES) | digits) & 0xF0 * BYTES) == 0;
-}
-inline uint64_t joinDigits(uint64_t digits) {
-  digits = digits * 10 + (digits >> 8);
-  uint64_t const pairs = 0x000000FF000000FF;
-  return ((digits & pairs) * (100 + (uint64_t{1000000} << 32)) +
-          ((digits >> 16) & pairs) * (1 + (uint64_t{10000} << 32))) >>
-         32;
-}
-
 // The values of two runs of eight digits, each with its first in the lowest byte; false unless all are digits.
 inline bool joinTwoRuns(uint64_t first, uint64_t second, double &firstValue, double &secondValue) {
   __m128i const digits = _mm_set_epi64x(static_cast<long long>(second), static_cast<long long>(first));
@@ -115,8 +91,8 @@ inline bool readPrice(char const *text, size_t length, double &value) {
   size_t const whole = static_cast<size_t>(std::countr_zero(points)) / 8;  // 0 to 7 digits
   size_t const fraction = length - whole - 1;
   if (fraction > 8 || length == 1) return false;
-  uint64_t const wholeDigits = (first ^ '0' * BYTES) << (8 * (7 - whole)) << 8;
-  uint64_t const fractionDigits = (last ^ '0' * BYTES) & LAST_BYTES[fraction];
+  uint64_t const wholeDigits = (first ^ ASCII_ZEROS) << (8 * (7 - whole)) << 8;
+  uint64_t const fractionDigits = (last ^ ASCII_ZEROS) & LAST_BYTES[fraction];
   double wholeValue, fractionValue;
   if (!joinTwoRuns(wholeDigits, fractionDigits, wholeValue, fractionValue)) return false;
   value = (wholeValue * POWERS_OF_10[fraction] + fractionValue) / POWERS_OF_10[fraction];  // 15 digits are exact
@@ -126,9 +102,9 @@ inline bool readPrice(char const *text, size_t length, double &value) {
 // Appends the digits at `at` to the integer, wrapping around, and moves past them.
 inline void readDigits(char const *&at, char const *end, uint64_t &integer) {
   for (; end - at >= 8; at += 8) {
-    uint64_t const digits = load8(at) ^ '0' * BYTES;
-    if (!areDigits(digits)) break;
-    integer = integer * INTEGER_POWERS_OF_10[8] + joinDigits(digits);
+    uint64_t const word = load8(at);
+    if (!areDigits(word)) break;
+    integer = integer * 100000000 + valueOf8(word);
   }
   for (; at != end && isDigit(*at); ++at) integer = integer * 10 + static_cast<uint64_t>(*at - '0');
 }

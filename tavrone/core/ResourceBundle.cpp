@@ -1,6 +1,7 @@
 #include "tavrone/core/ResourceBundle.h"
 
 #include "tavrone/core/Catalogues.h"
+#include "tavrone/core/DigitText.h"
 #include "tavrone/core/InternedText.h"
 #include "tavrone/core/ObjectList.h"
 #include "tavrone/core/Raise.h"
@@ -64,21 +65,6 @@ tvstring Resources::getProperty(char const *key) {
 
 namespace {
 
-// What t_atoi makes of [begin, end), or -1 where it fails: a failure thrown for each useless brace would cost more than
-// all the rest.
-int placeholderIndex(char const *begin, char const *end) {
-  if (begin == end) return -1;
-  bool const negative = *begin == '-';
-  if (negative || *begin == '+') ++begin;
-  unsigned value = 0;
-  for (; begin != end; ++begin) {
-    unsigned const digit = static_cast<unsigned char>(*begin) - static_cast<unsigned>('0');
-    if (digit > 9 || static_cast<int>(value) > 0) return -1;
-    value = value * 10 - digit;
-  }
-  return static_cast<int>(negative ? value : 0 - value);
-}
-
 // The first closing brace at or after a position, which only moves forward: braces are looked for once, however many
 // stay open.
 class ClosingBrace {
@@ -137,8 +123,8 @@ tvstring formatMessage(tvstring const &pattern, ObjectList const &args) {
     char const c = *at++;
     if (c == '{') {
       char const *close = closing.from(at);
-      int const index = close == nullptr ? -1 : placeholderIndex(at, close);
-      if (index >= 0 && index < args.size()) {
+      int index;
+      if (close != nullptr && tryReadInt(at, close, index) && index >= 0 && index < args.size()) {
         at = close + 1;
         if (Object const *argument = args[index]) out.append(argument->toString(), static_cast<size_t>(end - at));
         continue;
