@@ -45,6 +45,7 @@
 #include "tavrone/dataobject/AbstractDataObject.h"
 #include "tavrone/dataobject/DataObject.h"
 #include "tavrone/dataobject/DataObjectBase.h"
+#include "tavrone/dataobject/DataObjectIO.h"
 #include "tavrone/dataobject/DataObjectSection.h"
 #include "tavrone/dataobject/DataObjectSectionImpl.h"
 #include "tavrone/dataobject/DataObjectXML.h"

@@ -89,6 +89,7 @@ class TAVRONE_API BigDecimal : public TypedMAPM<BigDecimal> {
   BigDecimal(char const *text) : TypedMAPM(text) {}
   BigDecimal(tvstring const &text) : TypedMAPM(text.data(), text.length()) {}
   BigDecimal(BigInteger const &value);
+  using MAPM::assign;
 
   BigDecimal operator/(BigDecimal const &divisor) const { return divide(divisor); }
   BigDecimal divide(BigDecimal const &divisor) const { return BigDecimal(MAPM::divide(divisor)); }

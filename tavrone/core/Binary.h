@@ -48,6 +48,11 @@ class TAVRONE_API Binary {
   // Writes in place although const, and although others may share the array: that is meant.
   void set(size_t i, char c) const { const_cast<char *>(bytes_.data_)[i] = c; }
 
+  // Room for `n` bytes in an array of this value's own, the old bytes gone. The caller writes them and then calls
+  // setBufferLength. A negative n raises std::bad_array_new_length and leaves the value as it is.
+  char *getBuffer(int n) { return bytes_.getBuffer(n); }
+  void setBufferLength(int n) { bytes_.setBufferLength(n); }
+
   Binary operator+(Binary const &other) const {
     return addtvstrings(bytes_.data_, bytes_.length_, other.bytes_.data_, other.bytes_.length_);
   }

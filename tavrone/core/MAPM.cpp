@@ -488,7 +488,8 @@ Decimal readDecimal(char const *at, char const *end) {
   return decimal;
 }
 
-M_APM_ *readNumber(char const *text, size_t length) {
+// Writes into `own`, where that is a body of nobody else's that is large enough, or else into a new one.
+M_APM_ *readNumber(char const *text, size_t length, M_APM_ *own = nullptr) {
   if (static_cast<int64_t>(length) > MAX_TEXT_LENGTH) reportOutOfMemory("m_apm_set_string");
   Decimal const decimal = readDecimal(text, text + length);
   int64_t first = 0;
@@ -501,7 +502,11 @@ M_APM_ *readNumber(char const *text, size_t length) {
   int64_t const units = decimal.beforePoint - 1 + decimal.exponent;
   int64_t const place = limbPlace(units - (end - 1));
   int64_t const size = limbPlace(units - first) - place + 1;
-  M_APM_ *body = allocate(size, place, decimal.negative ? -1 : 1, "m_apm_set_string");
+  bool const reuses = own != nullptr && own->references == 1 && own->size >= size;
+  M_APM_ *body = reuses ? own : allocate(size, 0, 0, "m_apm_set_string");
+  body->sign = decimal.negative ? -1 : 1;
+  body->size = static_cast<int32_t>(size);
+  body->place = static_cast<int32_t>(place);
   for (int64_t i = 0, position = place * LIMB_DIGITS; i < size; ++i, position += LIMB_DIGITS) {
     int64_t const to = units - position + 1;
     int64_t const from = to - LIMB_DIGITS;
@@ -628,6 +633,11 @@ int M_APM_::exponent() const {
 MAPM::MAPM(char const *text) : MAPM(text, text == nullptr ? 0 : std::strlen(text)) {}
 
 MAPM::MAPM(char const *text, size_t length) : MAPM(readNumber(text, length)) {}
+
+void MAPM::assign(char const *text, size_t length) {
+  M_APM_ *body = readNumber(text, length, val_);
+  if (body != val_) copyFrom(body);
+}
 
 MAPM::MAPM(double value) : MAPM() {
   if (!std::isfinite(value)) report("'m_apm_set_double', Invalid double input (likely a NAN or +/- INF)");

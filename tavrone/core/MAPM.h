@@ -167,6 +167,9 @@ class TAVRONE_API MAPM {
     unref(std::exchange(val_, value));
   }
 
+  // The number that stands in text[0, length), in this number's own body where that is unshared and large enough.
+  void assign(char const *text, size_t length);
+
   // The text of toFixPtString.
   tvstring toFixedText(int decimals) const;
 

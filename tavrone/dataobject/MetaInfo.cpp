@@ -51,11 +51,6 @@ tvstring internType(tvstring const &type) {
   return row == nullptr ? internText(type) : *row->type;
 }
 
-FieldKind kindOf(tvstring const &type) {
-  KindOfType const *row = findKind(type);
-  return row == nullptr ? FieldKind::OTHER : row->kind;
-}
-
 bool isLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
 }
@@ -79,6 +74,11 @@ FieldMetaInfo::~FieldMetaInfo() noexcept(false) = default;
 
 Object *FieldMetaInfo::clone() const {
   return new FieldMetaInfo(*this);
+}
+
+FieldKind FieldMetaInfo::kindOf(tvstring const &type) {
+  KindOfType const *row = findKind(type);
+  return row == nullptr ? FieldKind::OTHER : row->kind;
 }
 
 void FieldMetaInfo::setIndex(int index) {

@@ -63,6 +63,7 @@ class TAVRONE_API FieldMetaInfo : public Object {
   static tvstring computeMangledName(tvstring const &name);
 
   FieldKind getKind() const { return kind_; }
+  static FieldKind kindOf(tvstring const &type);
   // Where a declared record keeps the value, in bytes from its DataObject; -1 where only the accessors know.
   int getOffset() const { return offset_; }
   void setOffset(int offset) { offset_ = offset; }

@@ -1,0 +1,321 @@
+#include "tavrone/dataobject/DataObjectIO.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+
+#include "examples/messages/GeneratedOrder.h"
+#include "tests/Failure.h"
+#include "tests/core/AllocationCount.h"
+
+namespace tavrone {
+namespace {
+
+using examples::GeneratedLeg;
+using examples::GeneratedOrder;
+
+std::string hexOf(ByteBuffer const &buffer) {
+  tvstring const text = Binary(buffer.str(), static_cast<size_t>(buffer.length())).toHexString();
+  return std::string(text.data(), text.length());
+}
+std::string hexOf(DataObject *object) {
+  ByteBuffer out;
+  DataObjectIO::write(object, out);
+  return hexOf(out);
+}
+Binary bytes(std::string const &hex) {
+  return Binary::fromHexString(tvstring(hex.data(), hex.size()));
+}
+
+void fill(DataObject &order) {
+  order.setField("OrderID", StringObject("ab"));
+  order.setField("Account", StringObject("\xE9!"));
+  order.setField("Symbol", StringObject());
+  order.setField("Side", CharObject('\xE9'));
+  order.setField("Quantity", IntObject(-2));
+  order.setField("ExecutedQuantity", LongObject(0x0102030405060708));
+  order.setField("Price", DoubleObject(1.5));
+  order.setField("Rate", FloatObject(-2));
+  order.setField("Notional", BigDecimalObject("-120.50"));
+  order.setField("TradeDate", DateObject(DateTime(2026, 2, 3, 0, 0, 0, 0)));
+  order.setField("TransactTime", DateObject(DateTime(-1, 12, 31, 23, 59, 58, 999)));
+  order.setField("AllOrNone", BoolObject(true));
+  order.setField("Signature", BinaryObject(Binary("\x01\xFF", 2)));
+  DataObjectSection *legs = order.getSection("Legs");
+  for (int i = 0; i < 2; ++i) {
+    SmartPtr<DataObject> const leg(legs->createElement());
+    leg->setField("Ratio", IntObject(i));
+    legs->addElement(leg.get());
+  }
+}
+
+constexpr char FILLED[] =
+    "01026162"
+    "0202E9FFFFFF0F21"
+    "0300"
+    "04E9FFFFFF0F"
+    "05FFFFFFFE"
+    "060102030405060708"
+    "073FF8000000000000"
+    "08C0000000"
+    "09062D3132302E35"
+    "0AEA0F0203"
+    "0BFFFFFFFF0F0C1F173B3AE707"
+    "0C0474727565"
+    "0D0430314646"
+    "0F02"
+    "020000000000"
+    "020000000100"
+    "00";
+
+DataObjectMetaInfo *genericOrder() {
+  static DataObjectMetaInfo *const type = [] {
+    auto *leg = new DataObjectMetaInfo(*GeneratedLeg::metaInfoOfType());
+    std::vector<FieldMetaInfo *> fields;
+    DataObjectMetaInfo const &order = *GeneratedOrder::metaInfoOfType();
+    for (int i = 0; i < GeneratedOrder::LEGS; ++i) fields.push_back(order.getFieldMetaInfo(i));
+    SectionMetaInfo legs(leg, "Legs", 0, -1);
+    SectionMetaInfo owner(leg, "Owner", "DataObject", 0, 1, false);
+    FieldMetaInfo stamp("Stamp", "ISODateTime", true);
+    fields.insert(fields.end(), {&legs, &owner, &stamp});
+    return new DataObjectMetaInfo("Order", fields.data(), static_cast<int>(fields.size()));
+  }();
+  return type;
+}
+
+SmartPtr<DataObject> newOrder(bool generic) {
+  if (generic) return SmartPtr<DataObject>(new GenericDataObject(genericOrder(), false));
+  return SmartPtr<DataObject>(new GeneratedOrder);
+}
+
+// A record that holds another one itself, when it has one.
+class Envelope : public AbstractDataObject {
+ public:
+  explicit Envelope(bool hasLeg) : AbstractDataObject(metaInfoOfType(), flags_, nullptr) {
+    if (hasLeg) leg = new GeneratedLeg;
+    setNotNull(0);
+  }
+  ~Envelope() noexcept(false) override = default;
+  SmartPtr<GeneratedLeg> leg;
+
+ protected:
+  using AbstractDataObject::getField0;
+  Object *getField0(int, Object *) const override { return leg.get(); }
+
+ private:
+  static DataObjectMetaInfo *metaInfoOfType() {
+    static char const *names[] = {"Leg"};
+    static char const *types[] = {"DataObject"};
+    static DataObjectMetaInfo type("Envelope", names, types, 1);
+    return &type;
+  }
+  bool flags_[1];
+};
+
+TEST(DataObjectIO, FastUnsignedIntsTakeOneToFiveBytes) {
+  struct {
+    unsigned value;
+    char const *hex;
+  } const cases[] = {{0, "00"},
+                     {0x7F, "7F"},
+                     {0x80, "8001"},
+                     {0x3FFF, "FF7F"},
+                     {0x4000, "808001"},
+                     {0x1FFFFF, "FFFF7F"},
+                     {0x200000, "80808001"},
+                     {0x0FFFFFFF, "FFFFFF7F"},
+                     {0x10000000, "8080808001"},
+                     {0xFFFFFFE9, "E9FFFFFF0F"}};
+  for (auto const &c : cases) {
+    ByteBuffer buffer;
+    DataObjectIO::writeFastUnsignedInt(buffer, c.value);
+    EXPECT_EQ(hexOf(buffer), c.hex);
+    EXPECT_EQ(DataObjectIO::readFastUnsignedInt(buffer), c.value);
+    EXPECT_FALSE(buffer.hasMore());
+  }
+  ByteBuffer endless("\xFF\xFF\xFF\xFF\xFF\x01", 6);  // five bytes at most, whatever the fifth says
+  EXPECT_EQ(DataObjectIO::readFastUnsignedInt(endless), 0xFFFFFFFF);
+  EXPECT_EQ(DataObjectIO::readFastUnsignedInt(endless), 1U);
+}
+
+TEST(DataObjectIO, FixedWidthsAndDatesReadBack) {
+  ByteBuffer buffer;
+  DataObjectIO::writeIntBigEndian(buffer, INT_MIN);
+  DataObjectIO::writeLongBigEndian(buffer, LLONG_MAX);
+  DataObjectIO::writeFloatBigEndian(buffer, 1.5F);
+  DataObjectIO::writeDoubleBigEndian(buffer, -0.0);
+  DateTime const moment(2026, 11, 21, 20, 5, 30, 7);
+  DataObjectIO::writeCompactDateTime(buffer, moment, true, false);
+  DataObjectIO::writeCompactDateTime(buffer, moment, false, true);
+  EXPECT_EQ(hexOf(buffer), "800000007FFFFFFFFFFFFFFF3FC000008000000000000000EA0F0B1514051E07");
+  EXPECT_EQ(DataObjectIO::readIntBigEndian(buffer), INT_MIN);
+  EXPECT_EQ(DataObjectIO::readLongBigEndian(buffer), LLONG_MAX);
+  EXPECT_EQ(DataObjectIO::readFloatBigEndian(buffer), 1.5F);
+  EXPECT_TRUE(std::signbit(DataObjectIO::readDoubleBigEndian(buffer)));
+  EXPECT_EQ(DataObjectIO::readCompactDateTime(buffer, true, false), DateTime(2026, 11, 21, 0, 0, 0, 0));
+  EXPECT_EQ(DataObjectIO::readCompactDateTime(buffer, false, true), DateTime(1970, 1, 1, 20, 5, 30, 7));
+  EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::readIntBigEndian(buffer); }).text, "Out of bounds");
+}
+
+TEST(DataObjectIO, StringsOfAnyBytesReadBack) {
+  for (size_t length = 0; length <= 40; ++length) {
+    for (size_t high = 0; high <= length; ++high) {  // none at the last
+      std::string text(length, 'x');
+      if (high < length) text[high] = '\xE9';
+      ByteBuffer buffer(1);
+      DataObjectIO::writeString(buffer, tvstring(text.data(), length));
+      std::string expected(1, static_cast<char>(length));
+      for (char c : text) expected += c == 'x' ? std::string("x") : std::string("\xE9\xFF\xFF\xFF\x0F");
+      EXPECT_EQ(std::string(buffer.str(), static_cast<size_t>(buffer.length())), expected);
+      EXPECT_EQ(DataObjectIO::readString(buffer), tvstring(text.data(), length));
+    }
+  }
+}
+
+TEST(DataObjectIO, ValuesAreWrittenByTheTypeText) {
+  struct {
+    Object const &value;
+    char const *type;
+    char const *hex;
+  } const cases[] = {
+      {LongObject(1), "Integer", "00000001"},
+      {DateObject(DateTime(2026, 2, 3, 4, 5, 6, 7)), "TimeOnly", "04050607"},
+      {BoolObject(false), "Boolean", "0566616C7365"},
+      {BigIntegerObject("120"), "BigInteger", "03313230"},
+      {BinaryObject(Binary("\xAB", 1)), "Binary", "024142"},
+      {ISODateObject(DateTime(2026, 2, 3, 4, 5, 6, 7)), "ISOTime", "17323032362D30322D30335430343A30353A30362E303037"},
+      {IntObject(5), "Price", "0135"}};
+  for (auto const &c : cases) {
+    ByteBuffer buffer;
+    DataObjectIO::writeField(buffer, const_cast<Object *>(&c.value), c.type);
+    EXPECT_EQ(hexOf(buffer), c.hex) << c.type;
+  }
+  ByteBuffer buffer;
+  EXPECT_EQ(failureOf<TransformException>([&] {
+              StringObject text("1");
+              DataObjectIO::writeField(buffer, &text, "Integer");
+            }).text,
+            "Cannot convert String to Integer");
+  EXPECT_EQ(buffer.length(), 0);
+}
+
+TEST(DataObjectIO, RecordsOfEitherClassAreStoredAlike) {
+  for (bool generic : {false, true}) {
+    SmartPtr<DataObject> const order = newOrder(generic);
+    EXPECT_EQ(hexOf(order.get()), "00");
+    fill(*order);
+    EXPECT_EQ(hexOf(order.get()), FILLED) << generic;
+    SmartPtr<DataObject> const copy = newOrder(generic);
+    for (int i = 0; i < 2; ++i) DataObjectIO::parse(copy.get(), bytes(FILLED));
+    // A "Binary" is read as its own hexadecimal text.
+    EXPECT_EQ(copy->getFieldVal("Signature")->getBinary(), Binary("01FF", 4));
+    copy->setField("Signature", BinaryObject(Binary("\x01\xFF", 2)));
+    EXPECT_EQ(hexOf(copy.get()), FILLED) << generic;
+  }
+  std::vector<char const *> const names(128, "f"), types(128, "Integer");
+  DataObjectMetaInfo wide("Wide", const_cast<char const **>(names.data()), const_cast<char const **>(types.data()),
+                          128);
+  SmartPtr<DataObject> const last(new GenericDataObject(&wide, false));
+  last->setField(127, IntObject(1));
+  EXPECT_EQ(hexOf(last.get()), "80010000000100");
+}
+
+TEST(DataObjectIO, NestedRecordsNeedAnObjectToReadInto) {
+  SmartPtr<Envelope> const full(new Envelope(true)), empty(new Envelope(false));
+  EXPECT_EQ(hexOf(empty.get()), "00");  // counts as set, reads null
+  full->leg->setRatio(7);
+  std::string const stored = hexOf(full.get());
+  EXPECT_EQ(stored,
+            "01"
+            "020000000700"
+            "00");
+  full->leg->setPrice(1);
+  DataObjectIO::parse(full.get(), bytes(stored));
+  EXPECT_EQ(full->leg->getRatio(), 7);
+  EXPECT_TRUE(full->leg->isNull(GeneratedLeg::PRICE));
+  // Nothing is read without one, so that the stream no longer fits.
+  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { DataObjectIO::parse(empty.get(), bytes(stored)); }).text,
+            "Field at index 1 not defined");
+
+  SmartPtr<DataObject> const generic = newOrder(true);
+  DataObjectIO::parse(generic.get(), bytes("1001020000000700"
+                                           "00"));
+  EXPECT_EQ(hexOf(generic.get()),
+            "1001020000000700"
+            "00");
+  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { DataObjectIO::parse(generic.get(), bytes("1002000000")); }).text,
+            "Cannot add more than one element to this section");
+}
+
+TEST(DataObjectIO, BrokenStreamsFail) {
+  constexpr char const *END = "Out of bounds";
+  for (bool generic : {false, true}) {
+    SmartPtr<DataObject> const order = newOrder(generic);
+    Binary const whole = bytes(FILLED);
+    for (int length = 0; length < static_cast<int>(whole.length()); ++length) {
+      std::unique_ptr<char[]> const part(new char[static_cast<size_t>(length)]);  // for the sanitizer's guard behind it
+      std::copy_n(whole.data(), length, part.get());
+      Failure const failure =
+          failureOf<TransformException>([&] { DataObjectIO::parse(order.get(), part.get(), length); });
+      EXPECT_EQ(failure.text, END) << length;
+      EXPECT_EQ(failure.source, "cpp/ByteBuffer");
+    }
+    struct {
+      char const *hex;
+      char const *text;
+    } const cases[] = {{"01FFFFFFFF0F", END},
+                       {"01016100FF", "Unexpected characters at the end of serialzied message"},
+                       {"0FFFFFFFFF0F0000", END},
+                       {"0F8080808008", END},
+                       {"0C02746F00", "Cannot convert to to boolean"},
+                       {"0901787800", "'m_apm_set_string', Non-digit char found in parse"}};
+    for (auto const &c : cases)
+      EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::parse(order.get(), bytes(c.hex)); }).text, c.text);
+    EXPECT_EQ(failureOf<FieldNotFoundException>([&] { DataObjectIO::parse(order.get(), bytes("FFFFFFFF0F")); }).text,
+              "Field at index -2 not defined");
+    EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::parse(order.get(), "", -1); }).text, END);
+  }
+  SmartPtr<DataObject> const order = newOrder(true);
+  EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::parse(order.get(), bytes("11016100")); }).text,
+            "Cannot convert 'a' to ISODateTime");
+  // Left over bytes are found when the record is filled already.
+  SmartPtr<GeneratedOrder> const filled(new GeneratedOrder);
+  EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::parse(filled.get(), bytes("050000000700FF")); }).source,
+            "cpp/DataObjectIO");
+  EXPECT_EQ(filled->getQuantity(), 7);
+}
+
+TEST(DataObjectIO, NestsFiveHundredDeep) {
+  DataObjectMetaInfo type("Node", nullptr, nullptr, 0);
+  SectionMetaInfo children(&type, "Children", 0, -1);
+  FieldMetaInfo *fields[] = {&children};
+  type = DataObjectMetaInfo("Node", fields, 1);
+  auto const nested = [](int depth) {
+    std::string hex;
+    for (int i = 0; i < depth; ++i) hex += "0101";
+    return hex + std::string(2 * static_cast<size_t>(depth) + 2, '0');
+  };
+  SmartPtr<DataObject> const node(new GenericDataObject(&type, false));
+  DataObjectIO::parse(node.get(), bytes(nested(500)));
+  EXPECT_EQ(hexOf(node.get()), nested(500));
+  Failure const failure = failureOf<TransformException>([&] { DataObjectIO::parse(node.get(), bytes(nested(501))); });
+  EXPECT_EQ(failure.text, "Nesting too deep");
+  EXPECT_EQ(failure.source, "cpp/DataObjectIO");
+  ByteBuffer out;
+  out.append('x');
+  EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::write(node.get(), out); }).text, "Nesting too deep");
+  EXPECT_EQ(out.length(), 1);
+}
+
+TEST(DataObjectIO, WritingAllocatesNothingBeyondTheBuffer) {
+  SmartPtr<DataObject> const order = newOrder(false);
+  fill(*order);
+  ByteBuffer out(1000);
+  AllocationCount const allocations;
+  DataObjectIO::write(order.get(), out);
+  EXPECT_EQ(allocations.soFar(), 0);
+}
+
+}  // namespace
+}  // namespace tavrone
