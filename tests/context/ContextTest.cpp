@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "tavrone/context/LookupContext.h"
-#include "tavrone/context/TransformContext.h"
 #include "tavrone/context/UserClassManager.h"
 #include "tests/routing/Routing.h"
 
@@ -19,17 +18,6 @@ struct StringFactory : ObjectFactory {
   Object *create() override { return new StringObject; }
 };
 using Factory = Tracked<StringFactory>;
-
-TEST(TransformContext, KeepsTheLastWriteAndCopiesByValue) {
-  TransformContext context;
-  EXPECT_EQ(context.getProperty("key"), "");
-  context.setProperty("key", "old");
-  TransformContext copy(context), emptied(context);
-  context.setProperty("key", "new");
-  EXPECT_EQ(copy.getProperty("key") + context.getProperty("key"), "oldnew");
-  emptied = TransformContext();
-  EXPECT_EQ(emptied.getProperty("key"), "");
-}
 
 TEST(LookupContext, HandlesShareOneDirectoryThatOwnsReferences) {
   SmartPtr<ILookupContext> const one = LookupContextFactory::getLookupContext(),

@@ -1,0 +1,123 @@
+#include <gtest/gtest.h>
+
+#include "tavrone/context/TransformContext.h"
+#include "tavrone/core/Raise.h"
+#include "tavrone/core/Wrappers.h"
+#include "tavrone/pipeline/OutputContext.h"
+#include "tests/Failure.h"
+
+namespace tavrone {
+namespace {
+
+TEST(TransformContext, NamesItsProperties) {
+  struct {
+    tvstring const &name;
+    char const *text;
+  } const cases[] = {
+      {TransformContext::INPUT_FORMAT_PROPERTY, "input.format"},
+      {TransformContext::INPUT_SOURCE_PROPERTY, "input.source"},
+      {TransformContext::INPUT_MODE_PROPERTY, "input.mode"},
+      {TransformContext::INPUT_BATCH_CONTEXT_PROPERTY, "input.batch.context"},
+      {TransformContext::INPUT_BATCH_ID_PROPERTY, "input.batch.id"},
+      {TransformContext::INPUT_BATCH_SIZE_PROPERTY, "input.batch.size"},
+      {TransformContext::OUTPUT_DESTINATION_PROPERTY, "output.destination"},
+      {TransformContext::DEFAULT_OUTPUT_DESTINATION_PROPERTY, "output.destination.default"},
+      {TransformContext::OUTPUT_FORMAT_PROPERTY, "output.format"},
+      {TransformContext::OUTPUT_PROTOCOL_PROPERTY, "output.protocol"},
+      {TransformContext::OUTPUT_DEVICE_PROPERTY, "output.device"},
+      {TransformContext::OUTPUT_FORMAT_SUFFIX, "output.format.suffix"},
+      {TransformContext::BATCH_MODE, "batch"},
+      {TransformContext::RECORD_MODE, "record"},
+  };
+  for (auto const &c : cases) EXPECT_EQ(c.name, c.text);
+}
+
+TEST(TransformContext, TheLastSetWinsAndPutAllAdds) {
+  TransformContext context;
+  EXPECT_EQ(context.getProperty("key"), "");
+  context.setProperty("key", "old");
+  TransformContext copy(context), emptied(context);
+  context.setContextProperty("key", "new");
+  std::map<tvstring, tvstring> more{{"key", "ignored"}, {"other", "put"}};
+  context.putAll(more);
+  EXPECT_EQ(copy.getProperty("key") + context.getProperty("key") + context.getProperty("other"), "oldnewput");
+  emptied = TransformContext();
+  EXPECT_EQ(emptied.getProperty("key"), "");
+}
+
+TEST(TransformContext, HoldsOneReferenceOnEachObject) {
+  struct Counted : ObjectRef {};
+  SmartPtr<Counted> const one = new Counted, two = new Counted;
+  {
+    TransformContext context;
+    EXPECT_EQ(context.getObjectProperty("key"), nullptr);
+    for (int i = 0; i < 2; ++i) context.setObjectProperty("key", one.get());
+    EXPECT_EQ(one->getRefCount(), 2);
+    context.setObjectProperty("key", two.get());
+    context.clear();
+    EXPECT_EQ(context.getObjectProperty("key"), two.get());
+    EXPECT_EQ(one->getRefCount() * 10 + two->getRefCount(), 12);
+    context.setObjectProperty("key", nullptr);
+    EXPECT_EQ(context.getObjectProperty("key"), nullptr);
+    context.setObjectProperty("key", new IntObject(1));
+    TransformContext const copy(context);
+    context.setObjectProperty("last", two.get());
+  }
+  EXPECT_EQ(two->getRefCount(), 1);
+}
+
+TEST(TransformContext, TakesOutputOnlyWhenAskedTo) {
+  TransformContext context;
+  auto const refused = [&] {
+    Failure const f = failureOf<TransformException>([&] { context.getOutputContext(); });
+    EXPECT_EQ(f.text,
+              "The transform context cannot accept output. Make sure that you call createOutputContext() on the "
+              "TransformContext if output is expected");
+    return f.source == "cpp/TransformContext" && f.line == 56;
+  };
+  EXPECT_TRUE(refused());
+  context.createOutputContext();
+  context.setProperty("key", "value");
+  SmartPtr<IOutputContext> const output = context.getOutputContext();
+  output->createOutputDevice(DeviceInfo("", "", ""));
+  context.createOutputContext();
+  EXPECT_EQ(context.getOutputContext().get(), output.get());
+  EXPECT_EQ(output->getOutputCount(), 0);
+
+  TransformContext target;
+  target.setProperty("gone", "value");
+  context.copyTo(context);
+  context.copyTo(target);
+  EXPECT_EQ(target.getOutputContext().get(), output.get());
+  EXPECT_EQ(target.getProperty("gone") + target.getProperty("key"), "value");
+  context.clear();
+  EXPECT_EQ(context.getProperty("key"), "");
+  EXPECT_TRUE(refused());
+  EXPECT_EQ(output->getRefCount(), 2);
+}
+
+TEST(TransformContextWrapper, LayersTextPropertiesOnly) {
+  TransformContext shared;
+  shared.setProperty("hidden", "below");
+  shared.setProperty("seen", "below");
+  IntObject *const object = new IntObject(1);
+  shared.setObjectProperty("seen", object);
+  TransformContextWrapper wrapper(&shared);
+  wrapper.setContextProperty("hidden", "");
+  EXPECT_EQ(wrapper.getProperty("hidden") + wrapper.getProperty("seen"), "below");
+  EXPECT_EQ(shared.getProperty("hidden"), "below");
+  EXPECT_EQ(wrapper.getObjectProperty("seen"), nullptr);
+  wrapper.createOutputContext();
+  EXPECT_EQ(wrapper.getOutputContext().get(), shared.getOutputContext().get());
+  wrapper.setProperty("own", "value");
+  wrapper.clear();
+  EXPECT_EQ(wrapper.getProperty("seen") + wrapper.getProperty("own"), "value");
+  EXPECT_EQ(failureOf<TransformException>([&] { shared.getOutputContext(); }).line, 56);
+
+  TransformContextWrapper const empty;
+  EXPECT_EQ(empty.getTransformContext(), &TransformContext::EMPTY);
+  EXPECT_EQ(TransformContextWrapper().getProperty("key"), "");
+}
+
+}  // namespace
+}  // namespace tavrone
