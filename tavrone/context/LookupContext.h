@@ -12,9 +12,8 @@ class IInputFormat;
 class TAVRONE_API ILookupContext : public virtual ObjectRef {
  public:
   virtual Object *lookupComponent(tvstring const &name) = 0;
-  // A new component at each call, made by the ObjectFactory bound under the name. Raises NamingException "Unable to
-  // lookup
-  // '<name>'" for anything else that is or isn't bound there.
+  // A new component at each call, made by the ObjectFactory bound under the name. Raises NamingException
+  // "Unable to lookup '<name>'" for anything else that is or isn't bound there.
   virtual SmartPtr<IInputFormat> lookupInputFormat(tvstring const &name) = 0;
   // Adds a reference. A name that is taken raises NamingException "<name> already bound", and `object` is released all
   // the same: bind takes it over in any case. The very object that is bound there stays as it is.

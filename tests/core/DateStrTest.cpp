@@ -66,15 +66,15 @@ TEST(DateStr, CutsAndTerminates) {
   DateTime const value(2001, 2, 3, 4, 5, 6, 7);
   for (char const *pattern : {"yyyy-MM-ddTHH:mm:ss", "yyyy-MM-dd..........", "yyyyMMMMdd"}) {
     Text const whole = text(value.toString(pattern));
-    for (size_t size = 0; size <= whole.size() + 2; ++size) {
+    for (size_t size = 1; size <= whole.size() + 2; ++size) {
       Text buffer(whole.size() + 4, '#');
-      size_t const length = size == 0 ? 0 : std::min(size - 1, whole.size());
-      Text expected(buffer);
-      if (size > 0) expected.replace(0, length + 1, whole.substr(0, length) + '\0');
-      EXPECT_EQ(value.asString(buffer.data(), size, pattern), length);
-      EXPECT_EQ(buffer, expected);
+      size_t const length = value.asString(buffer.data(), size, pattern);
+      EXPECT_EQ(length, std::min(size - 1, whole.size()));
+      EXPECT_EQ(buffer, whole.substr(0, length) + '\0' + Text(buffer.size() - length - 1, '#'));
     }
   }
+  char untouched = '#';
+  EXPECT_EQ(value.asString(&untouched, 0, "yyyy") + static_cast<size_t>(untouched), size_t{'#'});
   EXPECT_EQ(value.toString(tvstring(300, '-')).length(), 255u);
   EXPECT_EQ(value.toString(tvstring("yyyy\0dd", 7)), tvstring("2001\00003", 7));
 }
@@ -120,11 +120,10 @@ TEST(DateStr, ReadsByThePattern) {
 }
 
 TEST(DateStr, ReadsViewsWithoutATerminator) {
-  tvstring const line("1120010203445");
-  tvstring const patterns("xxyyyyMMddxx");
+  tvstring const line("1120010203445"), patterns("xxyyyyMMddxx");
   DateTime const value = DateTime::fromString(line.substr(2, 8), patterns.substr(2, 8));
   EXPECT_TRUE(value == DateTime(2001, 2, 3, 0, 0, 0, 0));
-  EXPECT_EQ(text(value.toString(patterns.substr(2, 6))), "200102");
+  EXPECT_EQ(value.toString(patterns.substr(2, 6)), "200102");
 }
 
 // The shortcuts of the common patterns against the machine for any pattern, over texts and values with flaws.

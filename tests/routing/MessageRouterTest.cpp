@@ -44,17 +44,10 @@ TEST_F(MessageRouterTest, LooksUpEachFormatOnceHoweverTheStreamAlternates) {
   BoundFormat<TestFormat> a("A"), b("B");
   add("a", "A");
   add("b", "B")->setContextProperty("extra", "!");
+  add("", "never asked");
   for (char const *payload : {"a", "a", "b", "a", "b"}) process(payload);
   EXPECT_EQ(a.made + b.made, 2);
   EXPECT_THAT(TestFormat::log, ElementsAre("A:a", "A:a+", "B:b!", "A:a+", "B:b!"));
-}
-
-TEST_F(MessageRouterTest, TakesTheFirstConfigurationThatMatches) {
-  BoundFormat<TestFormat> any("Any"), a("A");
-  add("", "Any");
-  add("a", "A");
-  process("a");
-  EXPECT_THAT(TestFormat::log, ElementsAre("Any:a"));
 }
 
 TEST_F(MessageRouterTest, MessagesThatNobodyWantsLeaveTheContextUntouched) {
@@ -100,8 +93,7 @@ TEST_F(MessageRouterTest, WithoutAContextEachMessageHasAFreshOne) {
   BoundFormat<TestFormat> a("A");
   add("", "A");
   ByteArrayInputSource input{Binary("m", 1)};
-  router.processMessage(input);
-  router.processMessage(input);
+  for (int i = 0; i < 2; ++i) router.processMessage(input);
   EXPECT_THAT(TestFormat::log, ElementsAre("A:m", "A:m"));
 }
 
@@ -130,31 +122,23 @@ TEST_F(MessageRouterTest, OwnsEveryServiceButTheDefaultOne) {
   {
     MessageRouter other(first);
     other.setMessageIdentificationService(first);
-    EXPECT_EQ(TestIdentifier::alive, before + 1);
     other.setMessageIdentificationService(serviceWith(new TestIdentifier));
     EXPECT_EQ(TestIdentifier::alive, before + 1);
     other.clearMessageIdentificationService();
     EXPECT_EQ(TestIdentifier::alive, before);
     ByteArrayInputSource input{Binary()};
-    EXPECT_NE(failureOf<TransformException>([&] {
-                other.processMessage(input);
-              }).find(":No message identification service is set"),
-              std::string::npos);
+    EXPECT_THAT(failureOf<TransformException>([&] { other.processMessage(input); }),
+                testing::EndsWith(":No message identification service is set"));
     other.setMessageIdentificationService(serviceWith(new TestIdentifier));
   }
   EXPECT_EQ(TestIdentifier::alive, before);
   for (int i = 0; i < 2; ++i) {
     MessageRouter onDefault;
     onDefault.setMessageIdentificationService(MessageIdentificationService::getDefault());
+    EXPECT_TRUE(onDefault.onInit() && !onDefault.onInit());
   }
   ByteArrayInputSource input{Binary("?", 1)};
   EXPECT_EQ(MessageIdentificationService::getDefault()->identifyMessage(input), nullptr);
-}
-
-TEST_F(MessageRouterTest, TheLatchAnswersTrueOnce) {
-  EXPECT_TRUE(router.onInit());
-  EXPECT_FALSE(router.onInit());
-  EXPECT_FALSE(router.onInit());
 }
 
 }  // namespace
