@@ -81,8 +81,6 @@ constexpr int monthNumber(BrokenDownTime const &time) {
   return static_cast<int>(static_cast<unsigned>(time.month) + 1u);
 }
 
-// Formatting ------------------------------------------------------------------------------------
-
 class Output {
  public:
   Output(char *out, size_t size) : out_(out), room_(size == 0 ? 0 : size - 1), terminated_(size != 0) {}
@@ -146,8 +144,6 @@ void putMonth(Output &out, BrokenDownTime const &time, size_t run) {
   std::string_view const name = DateStr::MONTH_NAMES[time.month];
   out.put(name.data(), run == SHORT_NAME ? SHORT_NAME : name.size());
 }
-
-// Parsing ---------------------------------------------------------------------------------------
 
 constexpr char toLower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
@@ -244,9 +240,8 @@ class Parser {
   size_t position_ = 0;  // may stand past the end
 };
 
-// Shortcuts -------------------------------------------------------------------------------------
-// Straight-line code made from a pattern at compile time, for values without a flaw; whatever is out of the ordinary is
-// left to the general machine, failures included.
+// The shortcuts: straight-line code made from a pattern at compile time, for values without a flaw; whatever is out of
+// the ordinary is left to the general machine, failures included.
 
 template <size_t Size>
 struct FixedPattern {

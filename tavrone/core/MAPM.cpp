@@ -420,8 +420,6 @@ MAPM checkExponent(MAPM result, char const *operation) {
   return result;
 }
 
-// Reading text ------------------------------------------------------------------------------------
-
 bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
@@ -515,8 +513,6 @@ M_APM_ *readNumber(char const *text, size_t length, M_APM_ *own = nullptr) {
   }
   return body;
 }
-
-// Writing text ------------------------------------------------------------------------------------
 
 void writeEightDigits(uint64_t value, char *out) {
   static constexpr auto PAIRS = [] {

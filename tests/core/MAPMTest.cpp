@@ -225,8 +225,8 @@ TEST(MAPM, CopiesAreIndependentOfTheirSource) {
   EXPECT_EQ(fixed(number) + " " + fixed(copy) + " " + fixed(Writable::fresh() + copy), "-101.5 101.5 101.5");
   EXPECT_EQ(number.precision(MAPM(("1." + std::string(39, '1')).c_str())), 30 + 4000);
   MAPM &self = number;
-  self = *&self;
-  self = std::move(self);
+  number.MAPM::operator=(self);
+  number.MAPM::operator=(std::move(self));
   EXPECT_EQ(fixed(number), "-101.5");
   MAPM const moved = std::move(self);
   EXPECT_EQ(fixed(number) + " " + fixed(moved), "0 -101.5");
