@@ -4,6 +4,7 @@
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/Wrappers.h"
 #include "tavrone/dataobject/DataObjectSection.h"
+#include "tavrone/dataobject/FieldAccess.h"
 #include "tavrone/dataobject/MetaInfo.h"
 
 namespace tavrone {
@@ -114,24 +115,51 @@ bool DataObjectBase::getField(int index, tvstring &out) const {
 
 namespace {
 
-void copySection(DataObjectSection *from, DataObjectSection *to) {
-  to->clear();
-  int const count = from->getElementCount();
+void copySection(DataObjectSection const &from, DataObjectSection &to) {
+  if (&from == &to) return;
+  to.clear();
+  int const count = from.getElementCount();
   for (int i = 0; i < count; ++i) {
-    SmartPtr<DataObject> const element(to->createElement());
-    DataObjectBase::copy(from->getElement(i), element.get());
-    to->addElement(element.get());
+    SmartPtr<DataObject> const element(to.createElement());
+    DataObjectBase::copy(from.getElement(i), element.get());
+    to.addElement(element.get());
+  }
+}
+
+// Both of one declared type: value by value, where they stand.
+void copyStored(DataObject const &from, DataObject &to, DataObjectMetaInfo const &type) {
+  int const count = type.getFieldCount();
+  for (int i = 0; i < count; ++i) {
+    if (from.isNull(i)) {
+      to.setNull(i);
+      continue;
+    }
+    FieldMetaInfo const &field = *type.getFieldMetaInfo(i);
+    setStoredNotNull(to, i);
+    visitStored(from, field, [&](auto const &value) {
+      using Value = std::remove_cvref_t<decltype(value)>;
+      auto &target = storedValue<Value>(to, field);
+      if constexpr (std::is_base_of_v<DataObjectSection, Value>)
+        copySection(value, target);
+      else
+        target = value;
+    });
   }
 }
 
 }  // namespace
 
 void DataObjectBase::copy(DataObject const *from, DataObject *to) {
+  if (from == to) return;
+  if (from->hasFieldOffsets() && to->hasFieldOffsets() && from->getMetaInfo() == to->getMetaInfo()) {
+    copyStored(*from, *to, *from->getMetaInfo());
+    return;
+  }
   int const count = from->getFieldCount();
   for (int i = 0; i < count; ++i) {
     SmartPtr<Object> const value(from->getField(i));
     if (auto *section = dynamic_cast<SectionObject *>(value.get()))
-      copySection(section->getSection(), to->getSection(i));
+      copySection(*section->getSection(), *to->getSection(i));
     else
       to->setField(i, value.get());
   }

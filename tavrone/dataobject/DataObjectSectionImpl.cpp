@@ -17,13 +17,6 @@ constexpr char const *ABSTRACT_SOURCE = "cpp/AbstractDataObjectSection";
 constexpr char const *LIST_SOURCE = "cpp/DataObjectSectionImpl";
 constexpr char const *SINGLE_SOURCE = "cpp/DataObjectSingleElementSectionImpl";
 
-// An element of a copied section: a clone that knows its new section.
-DataObject *cloneInto(DataObject const &element, DataObjectSection *section) {
-  auto *copy = checkedCast<DataObject>(element.clone());
-  copy->setParentSection(section);
-  return copy;
-}
-
 // An element that somebody else holds outlives its section and must not point to it any more.
 void orphan(SmartPtr<DataObject> const &element, DataObjectSection const *section) {
   if (!element.isNull() && !element->unique() && element->getParentSection() == section)
@@ -57,8 +50,15 @@ void DataObjectSection::assign(DataObjectSection *to, DataObjectSection *from) {
   int const count = from->getElementCount();
   for (int i = 0; i < count; ++i) {
     DataObject *element = from->getElement(i);
+    DataObjectSection *former = element->getParentSection();
     element->setParentSection(to);
-    to->addElement(element);
+    try {
+      to->addElement(element);
+    } catch (...) {
+      // A refused element must not point to a section that doesn't hold it.
+      element->setParentSection(former);
+      throw;
+    }
   }
 }
 
@@ -104,6 +104,12 @@ bool AbstractDataObjectSection::isEmpty() const {
   return true;
 }
 
+void AbstractDataObjectSection::checkElement(DataObject *) const {}
+
+DataObject *AbstractDataObjectSection::cloneElement(DataObject const &element) const {
+  return checkedCast<DataObject>(element.clone());
+}
+
 void AbstractDataObjectSection::throwElementIndexOutOfBounds(int index, int size) const {
   // Names go up through the sections, which is a reading operation in all but its signature.
   tvstring const name = const_cast<AbstractDataObjectSection *>(this)->getQualifiedName();
@@ -140,6 +146,7 @@ bool DataObjectSectionImpl::removeElement(int index) {
 void DataObjectSectionImpl::addElement(DataObject *element, bool checkParent) {
   if (checkParent && element->getParentSection() != this)
     raise<IllegalArgumentException>("The parent of the element added is not this section", LIST_SOURCE, 137);
+  checkElement(element);
   elements_.push_back(element);
 }
 
@@ -170,7 +177,10 @@ void DataObjectSectionImpl::copy(DataObjectSectionImpl const &source, DataObject
   initialize(parent, source.getName(), source.getMinOccurs(), source.getMaxOccurs());
   elements_.clear();
   elements_.reserve(source.elements_.size());
-  for (SmartPtr<DataObject> const &element : source.elements_) elements_.push_back(cloneInto(*element, this));
+  for (SmartPtr<DataObject> const &element : source.elements_) {
+    elements_.push_back(cloneElement(*element));
+    elements_.back()->setParentSection(this);
+  }
 }
 
 DataObjectSingleElementSectionImpl::DataObjectSingleElementSectionImpl(DataObject *parent, tvstring const &name,
@@ -191,6 +201,7 @@ bool DataObjectSingleElementSectionImpl::removeElement(int index) {
 void DataObjectSingleElementSectionImpl::addElement(DataObject *element) {
   if (!element_.isNull())
     raise<FieldNotFoundException>("Cannot add more than one element to this section", SINGLE_SOURCE);
+  checkElement(element);
   element_ = element;
 }
 
@@ -220,7 +231,8 @@ DataObjectSection *DataObjectSingleElementSectionImpl::clone() const {
 void DataObjectSingleElementSectionImpl::copy(DataObjectSingleElementSectionImpl const &source, DataObject *parent) {
   if (this == &source) return;
   initialize(parent, source.getName(), source.getMinOccurs(), source.getMaxOccurs());
-  element_ = source.element_.isNull() ? nullptr : cloneInto(*source.element_, this);
+  element_ = source.element_.isNull() ? nullptr : cloneElement(*source.element_);
+  if (!element_.isNull()) element_->setParentSection(this);
 }
 
 }  // namespace tavrone

@@ -1,0 +1,140 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <type_traits>
+#include <typeinfo>
+#include <vector>
+
+#include "tavrone/core/Class.h"
+#include "tavrone/core/Export.h"
+#include "tavrone/dataobject/DataObjectSectionImpl.h"
+
+namespace tavrone {
+
+// A section whose elements are all of one class, so that it may hand them out as that class: another object is refused
+// with ClassCastException wherever it comes in. Walked by a range for; adding or removing an element ends the walk.
+//
+// clear() and reset() keep the elements that nobody else holds, reset, and createElement() hands them out again: a
+// record that a parser fills over and over allocates no elements. It keeps at most as many as it once held.
+template <class Element, class Form>
+class TAVRONE_API TypedSection : public Form {
+  using Held = SmartPtr<DataObject>;
+
+ public:
+  using FormType = Form;
+
+  template <class E>
+  class Iterator {
+   public:
+    using iterator_category = std::forward_iterator_tag;
+    using value_type = Element;
+    using difference_type = std::ptrdiff_t;
+    using pointer = E *;
+    using reference = E &;
+
+    Iterator() = default;
+    explicit Iterator(Held const *held) : held_(held) {}
+    E &operator*() const { return static_cast<E &>(**held_); }
+    E *operator->() const { return &**this; }
+    Iterator &operator++() {
+      ++held_;
+      return *this;
+    }
+    Iterator operator++(int) { return Iterator(held_++); }
+    bool operator==(Iterator const &) const = default;
+
+   private:
+    Held const *held_ = nullptr;
+  };
+
+  TypedSection(DataObject *parent, tvstring const &name, int minOccurs, int maxOccurs)
+      : Form(parent, name, minOccurs, maxOccurs) {}
+  // Clones of the other's elements under the given parent.
+  TypedSection(TypedSection const &other, DataObject *parent) { this->copy(other, parent); }
+
+  Iterator<Element> begin() { return Iterator<Element>(first()); }
+  Iterator<Element> end() { return Iterator<Element>(first() + size()); }
+  Iterator<Element const> begin() const { return Iterator<Element const>(first()); }
+  Iterator<Element const> end() const { return Iterator<Element const>(first() + size()); }
+  int size() const { return this->getElementCount(); }
+  // Fails as getElement does.
+  Element &operator[](int index) { return static_cast<Element &>(*this->getElement(index)); }
+  Element const &operator[](int index) const { return static_cast<Element const &>(*this->getElement(index)); }
+
+  // A new element, added.
+  Element &add() {
+    SmartPtr<Element> const element(newElement());
+    Form::addElement(element.get());
+    return *element;
+  }
+
+  // What createElement() hands out, without a look at the parent: the caller's.
+  Element *newElement() {
+    Element *element = spares_.empty() ? new Element : takeSpare();
+    element->setParentSection(this);
+    return element;
+  }
+
+  DataObject *createElement() override { return this->getParent() == nullptr ? Form::createElement() : newElement(); }
+  // An element that somebody else holds goes out of the section and no longer points to it.
+  void clear() override {
+    mostHeld_ = std::max(mostHeld_, static_cast<std::size_t>(size()));
+    spares_.reserve(mostHeld_);
+    for (Element &element : *this) retire(element);
+    Form::clear();
+  }
+  DataObjectSection *clone() const override { return new TypedSection(*this, nullptr); }
+  void checkElement(DataObject *element) const override {
+    if (typeid(*element) != typeid(Element)) checkedCast<Element>(element);
+  }
+
+ protected:
+  // A declared record's clone() knows the declaration, not the class; here the class is known.
+  DataObject *cloneElement(DataObject const &element) const override {
+    Element const *source = checkedCast<Element>(&element);
+    if (typeid(*source) != typeid(Element)) {
+      SmartPtr<Object> copy(source->clone());
+      if (auto *derived = dynamic_cast<Element *>(copy.get())) return giveUp(copy, derived);
+    }
+    return new Element(*source);
+  }
+
+ private:
+  Held const *first() const {
+    if constexpr (std::is_base_of_v<DataObjectSectionImpl, Form>)
+      return this->elements_.data();
+    else
+      return &this->element_;
+  }
+
+  // Empties the pointer without releasing the object, whose count is 0 afterwards.
+  template <class T>
+  static Element *giveUp(SmartPtr<T> &held, Element *element) {
+    element->addRef();
+    held.release();
+    element->decRef();
+    return element;
+  }
+
+  Element *takeSpare() {
+    SmartPtr<Element> spare(std::move(spares_.back()));
+    spares_.pop_back();
+    return giveUp(spare, spare.get());
+  }
+
+  void retire(Element &element) {
+    if (!element.unique()) {
+      if (element.getParentSection() == this) element.setParentSection(nullptr);
+    } else if (spares_.size() < mostHeld_) {
+      element.reset();
+      spares_.emplace_back(&element);
+    }
+  }
+
+  std::vector<SmartPtr<Element>> spares_;
+  std::size_t mostHeld_ = 0;
+};
+
+}  // namespace tavrone
