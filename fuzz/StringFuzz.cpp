@@ -2,23 +2,23 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
 #include "tavrone/core/tvstring.h"
 #include "tavrone/core/tvstringbuffer.h"
+#include "tests/Text.h"
 
 namespace {
 
+using tavrone::str;
 using tavrone::tvstring;
 using tavrone::tvstringbuffer;
 
 void require(bool holds) {
   if (!holds) std::abort();
-}
-
-std::string bytes(tvstring const &text) {
-  return std::string(text.data(), text.length());
 }
 
 int sign(int order) {
@@ -39,7 +39,7 @@ class Choices {
 };
 
 void checkSearch(tvstring const &text, std::string const &model, tvstring const &part, size_t start) {
-  std::string const needle = bytes(part);
+  std::string const needle = str(part);
   size_t const expected = start < model.size()                            ? model.find(needle, start)
                           : model.empty() && start == 0 && needle.empty() ? 0
                                                                           : tvstring::npos;
@@ -52,7 +52,7 @@ void checkSearch(tvstring const &text, std::string const &model, tvstring const 
 
 void checkOrder(tvstring const &a, tvstring const &b) {
   auto const bySign = [](char x, char y) { return static_cast<signed char>(x) < static_cast<signed char>(y); };
-  std::string const x = bytes(a), y = bytes(b);
+  std::string const x = str(a), y = str(b);
   int const expected = std::lexicographical_compare(x.begin(), x.end(), y.begin(), y.end(), bySign)   ? -1
                        : std::lexicographical_compare(y.begin(), y.end(), x.begin(), x.end(), bySign) ? 1
                                                                                                       : 0;
@@ -69,57 +69,32 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
   std::vector<std::pair<tvstring, std::string>> kept;  // fresh strings, which no edit may change
   while (choices.any() && model.size() < 5000) {
     size_t const pos = choices.below(model.size() + 1);
-    size_t const n = choices.below(40);
+    size_t const n = choices.below(256);
     tvstring const own = buffer.substr(pos, n);
     std::string const part = model.substr(pos, n);
     size_t const target = choices.below(model.size() + 1);
-    switch (choices.below(14)) {
-      case 0:
-        buffer.append(own), model.append(part);
-        break;
-      case 1:
-        buffer.insert(target, own), model.insert(target, part);
-        break;
-      case 2:
-        buffer.replace(target, n, own), model.replace(target, n, part);
-        break;
-      case 3:
-        buffer.erase(pos, n), model.erase(pos, n);
-        break;
-      case 4:
-        buffer.append(static_cast<int>(n) - 5, 'c'), model.append(n < 5 ? 0 : n - 5, 'c');
-        break;
-      case 5:
-        buffer.reserve(n * 8);
-        break;
-      case 6:
-        buffer.clear(), model.clear();
-        break;
-      case 7:
-        kept.emplace_back(buffer + own, model + part);
-        break;
-      case 8:
-        require(std::string(own.c_str(), part.size() + 1) == part + '\0');
-        break;
-      case 9:
-        checkSearch(buffer, model, own, target);
-        break;
-      case 10:
-        checkOrder(buffer.substr(target), own);
-        break;
-      case 11:
-        require(std::string(buffer.c_str(), model.size() + 1) == model + '\0');
-        break;
-      case 12:
-        if (!model.empty()) buffer[target % model.size()] = model[target % model.size()] = static_cast<char>(n);
-        break;
-      default:
-        char const c = static_cast<char>(choices.next());
-        buffer += c;
-        model += c;
-    }
-    require(bytes(buffer) == model);
+    char const c = static_cast<char>(n);
+    std::function<void()> const operations[] = {
+        [&] { buffer.append(own), model.append(part); },
+        [&] { buffer.insert(target, own), model.insert(target, part); },
+        [&] { buffer.replace(target, n, own), model.replace(target, n, part); },
+        [&] { buffer.erase(pos, n), model.erase(pos, n); },
+        [&] { buffer.append(static_cast<int>(n) - 5, 'c'), model.append(n < 5 ? 0 : n - 5, 'c'); },
+        [&] { buffer.reserve(n * 8); },
+        [&] { buffer.clear(), model.clear(); },
+        [&] { kept.emplace_back(buffer + own, model + part); },
+        [&] { require(std::string(own.c_str(), part.size() + 1) == part + '\0'); },
+        [&] { require(std::string(buffer.c_str(), model.size() + 1) == model + '\0'); },
+        [&] { checkSearch(buffer, model, own, target); },
+        [&] { checkOrder(buffer.substr(target), own); },
+        [&] {
+          if (target < model.size()) buffer[target] = model[target] = c;
+        },
+        [&] { buffer += c, model += c; },
+    };
+    operations[choices.below(std::size(operations))]();
+    require(str(buffer) == model);
   }
-  for (auto const &[text, expected] : kept) require(bytes(text) == expected);
+  for (auto const &[text, expected] : kept) require(str(text) == expected);
   return 0;
 }

@@ -4,6 +4,7 @@
 #include <typeinfo>
 
 #include "tavrone/core/Exceptions.h"
+#include "tests/Text.h"
 
 namespace tavrone {
 
@@ -17,12 +18,11 @@ struct Failure {
 // Runs the call, which is to raise exactly an E; a failure of another class shows that class's name as its text.
 template <class E, class Call>
 Failure failureOf(Call const &call) {
-  auto const text = [](tvstring const &value) { return std::string(value.data(), value.length()); };
   try {
     call();
   } catch (Exception const &e) {
     if (typeid(e) != typeid(E)) return {typeid(e).name()};
-    return {text(e.getMessage()), text(e.getTrace().getFileName()), e.getTrace().getLine()};
+    return {str(e.getMessage()), str(e.getTrace().getFileName()), e.getTrace().getLine()};
   }
   return {};
 }

@@ -173,7 +173,8 @@ constexpr std::array<uint8_t, 16> OFFSET_OF_RANGE = [] {
 // What to add to a character for its value, by its high four bits; '/' takes the place before that of '+'.
 constexpr std::array<uint8_t, 16> OFFSET_OF_HIGH_BITS = [] {
   std::array<uint8_t, 16> offsets{};
-  for (unsigned char c : {'0', 'A', 'P', 'a', 'p', '+'}) offsets[c >> 4] = static_cast<uint8_t>(BASE64_VALUES[c] - c);
+  for (uint8_t c : std::array<uint8_t, 6>{'0', 'A', 'P', 'a', 'p', '+'})
+    offsets[c >> 4] = static_cast<uint8_t>(BASE64_VALUES[c] - c);
   offsets[('/' >> 4) - 1] = static_cast<uint8_t>(63 - '/');
   return offsets;
 }();
