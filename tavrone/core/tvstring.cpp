@@ -69,16 +69,15 @@ tvstring &tvstring::assign(char const *text, size_t length) {
 char const *tvstring::terminate() const {
   size_t const capacity = owner_->length();
   size_t const offset = static_cast<size_t>(data_ - owner_->getPtr());
-  size_t const available = offset < capacity ? capacity - offset : 0;
   size_t const wanted = saturatedSum(length_, 1);
-  bool const fillsOwnArray = owner_->getRefCount() < 2 && wanted >= capacity;
-  if ((fillsOwnArray || wanted == capacity) && wanted <= available) {
-    const_cast<char *>(data_)[length_] = '\0';
+  // A text that fills its array may write the spare byte, shared or not: no view uses it.
+  if (offset == 0 && wanted == capacity) {
+    owner_->getPtr()[length_] = '\0';
     return data_;
   }
   // A view: it moves to an array of its own. A length beyond the array, set by hand, reads as zeros there.
   chararray *array = chararray::create(wanted);
-  size_t const held = std::min(length_, available);
+  size_t const held = std::min(length_, offset < capacity ? capacity - offset : 0);
   std::memcpy(array->getPtr(), data_, held);
   std::memset(array->getPtr() + held, 0, wanted - held);
   owner_->releaseRef();

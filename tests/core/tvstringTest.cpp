@@ -99,7 +99,7 @@ TEST(tvstring, NeverTerminatesBeyondItsArray) {
   tvstring const whole("abcdef");
   whole.c_str();
   tvstring view;
-  for (size_t length : {5U, 100U}) {  // as long as the array minus one, but further behind; and far too long
+  for (size_t length : {6U, 100U}) {  // as long as the whole text, but further behind; and far too long
     whole.substr(2, length, view);
     EXPECT_STREQ(view.c_str(), "cdef");
   }

@@ -49,9 +49,10 @@ TEST(tvstringbuffer, EditsInPlaceWithItsOwnTextTooAndAcrossGrowth) {
   EXPECT_EQ(buffer.replace(0, 6, "bye").replace(4, 99, tvstring("all")).insert(7, tvstring("!")), "bye all!");
   for (int i = 0; i < 2; ++i) buffer += buffer;
   EXPECT_EQ(buffer, "bye all!bye all!bye all!bye all!");
-  tvstringbuffer inserted("abc");
-  EXPECT_EQ(inserted.insert(1, inserted), "aabcbc");
-  EXPECT_EQ(inserted.replace(0, 2, inserted.data() + 3, 3), "cbcbcbc");
+  tvstringbuffer inserted("abcd");
+  EXPECT_EQ(inserted.insert(1, inserted), "aabcdbcd");
+  EXPECT_EQ(inserted.replace(0, 2, inserted.data() + 3, 3), "cdbbcdbcd");
+  EXPECT_EQ(inserted.insert(1, inserted.data() + 4, 2), "ccddbbcdbcd");
 }
 
 TEST(tvstringbuffer, CountsWhereAViewStartsInItsRoom) {
