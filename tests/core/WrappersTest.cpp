@@ -97,8 +97,6 @@ TEST(Wrappers, FailOnEveryOtherTypeAndKeepTheirValue) {
       EXPECT_EQ(to.value->toString(), to.text);
     }
   EXPECT_EQ(failureOf<TransformException>([] { IntObject(5).getString(); }).text, "Cannot convert Integer to String");
-  EXPECT_EQ(failureOf<TransformException>([] { StringObject("1").setInt(1); }).text,
-            "Cannot convert String to Integer");
 }
 
 // Counts how many of it are alive.
