@@ -33,7 +33,7 @@ struct GreetingFormat : IInputFormat {
 };
 
 int main() {
-  LookupContextFactory::getLookupContext()->bind("greetings", new DefaultObjectFactory<GreetingFormat>);
+  LookupContextFactory::bindFactory<GreetingFormat>("greetings");
 
   auto *identification = new MessageIdentificationService;
   identification->registerMessageIdentifer(new GreetingIdentifier);

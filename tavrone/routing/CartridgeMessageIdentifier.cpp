@@ -7,7 +7,7 @@ namespace tavrone {
 
 namespace {
 
-UserClass const registration("CartridgeMessageIdentifier", new DefaultObjectFactory<CartridgeMessageIdentifier>);
+bool const registered = UserClassManager::registerClass<CartridgeMessageIdentifier>("CartridgeMessageIdentifier");
 
 }  // namespace
 

@@ -62,8 +62,8 @@ TEST(MessageIdentificationService, RefusesClassesThatAreNoIdentifiers) {
     Object *create() override { return nullptr; }
   };
   UserClassManager::registerClass("test.Null", new NullFactory);
-  UserClassManager::registerClass("test.Format", new DefaultObjectFactory<TestFormat>);
-  UserClassManager::registerClass("test.Identifier", new DefaultObjectFactory<TestIdentifier>);
+  UserClassManager::registerClass<TestFormat>("test.Format");
+  UserClassManager::registerClass<TestIdentifier>("test.Identifier");
   MessageIdentificationService service;
   auto const failure = [&](char const *name) {
     std::string const text = failureOf<ClassCastException>([&] { service.registerMessageIdentifer(name); });
