@@ -58,7 +58,6 @@ void lookUp(benchmark::State &state, Find const &find) {
       benchmark::Counter(static_cast<double>(allocations - before), benchmark::Counter::kAvgIterations);
 }
 
-
 void BM_PropertyMap(benchmark::State &state) {
   SmartPtr<IPropertyMap> const map = new PropertyMapImpl;
   for (int i = 0; i < COUNT; ++i) map->setIntProperty(keyAt(i, state.range(1) != 0), i);

@@ -9,29 +9,6 @@
 namespace tavrone {
 namespace {
 
-TEST(TransformContext, NamesItsProperties) {
-  struct {
-    tvstring const &name;
-    char const *text;
-  } const cases[] = {
-      {TransformContext::INPUT_FORMAT_PROPERTY, "input.format"},
-      {TransformContext::INPUT_SOURCE_PROPERTY, "input.source"},
-      {TransformContext::INPUT_MODE_PROPERTY, "input.mode"},
-      {TransformContext::INPUT_BATCH_CONTEXT_PROPERTY, "input.batch.context"},
-      {TransformContext::INPUT_BATCH_ID_PROPERTY, "input.batch.id"},
-      {TransformContext::INPUT_BATCH_SIZE_PROPERTY, "input.batch.size"},
-      {TransformContext::OUTPUT_DESTINATION_PROPERTY, "output.destination"},
-      {TransformContext::DEFAULT_OUTPUT_DESTINATION_PROPERTY, "output.destination.default"},
-      {TransformContext::OUTPUT_FORMAT_PROPERTY, "output.format"},
-      {TransformContext::OUTPUT_PROTOCOL_PROPERTY, "output.protocol"},
-      {TransformContext::OUTPUT_DEVICE_PROPERTY, "output.device"},
-      {TransformContext::OUTPUT_FORMAT_SUFFIX, "output.format.suffix"},
-      {TransformContext::BATCH_MODE, "batch"},
-      {TransformContext::RECORD_MODE, "record"},
-  };
-  for (auto const &c : cases) EXPECT_EQ(c.name, c.text);
-}
-
 TEST(TransformContext, TheLastSetWinsAndPutAllAdds) {
   TransformContext context;
   EXPECT_EQ(context.getProperty("key"), "");

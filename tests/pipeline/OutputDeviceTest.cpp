@@ -84,10 +84,5 @@ TEST(ContextOutputProtocol, CollectsDevicesInTheContext) {
   EXPECT_EQ(output->getOutputDevice("device"), nullptr);
 }
 
-TEST(OutputPortDef, KeepsItsThreeTextsApart) {
-  OutputPortDef const port("n", "p", "d");
-  EXPECT_EQ(port.getName() + port.getProtocol() + port.getOutputDevice(), "npd");
-}
-
 }  // namespace
 }  // namespace tavrone
