@@ -4,29 +4,24 @@
 
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/Result.h"
-#include "tests/Failure.h"
 
 namespace tavrone {
 namespace {
 
 TEST(DraconianExceptionHandler, ReducesAnExceptionToItsRecordAndTrace) {
-  ExceptionHandler *const handler = ExceptionHandler::DRACONIAN_EXCEPTION_HANDLER;
-  try {
-    raiseCatalogued<FieldNullException>("SRT500", "F1", "cpp/Source", 12);
-  } catch (FieldNullException &e) {
-    e.fillPhase("Input");
-    EXPECT_EQ(failureOf<TransformException>([&] { handler->onException(&e); }).line, 12);
+  auto e = failureAt<FieldNullException>("null", "cpp/Source", 12, "SRT500");
+  e.fillPhase("Input");
+  ExceptionDataObject record(e);
+  for (ExceptionDataObject *given : {static_cast<ExceptionDataObject *>(&e), &record}) {
     try {
-      handler->onException(&e);
+      ExceptionHandler::DRACONIAN_EXCEPTION_HANDLER->onException(given);
+      ADD_FAILURE();
     } catch (TransformException const &thrown) {
+      EXPECT_TRUE(typeid(thrown) == typeid(TransformException));
       EXPECT_EQ(thrown.toString(), e.toString());
+      EXPECT_EQ(thrown.getTraceString(), given == &record ? "" : "cpp/Source:12:");
     }
   }
-  ExceptionDataObject record;
-  record.setMessage("plain");
-  Failure const failure = failureOf<TransformException>([&] { handler->onException(&record); });
-  EXPECT_EQ(failure.text, "plain");
-  EXPECT_EQ(failure.line, 0);
 }
 
 // A record of each kind, collected.
