@@ -10,9 +10,9 @@ namespace tavrone {
 // and input and output must not overlap.
 
 // Two characters a byte, from "0123456789ABCDEF".
-TAVRONE_API void encodeHex(char const *bytes, size_t n, char *text);
+TAVRONE_TEST_API void encodeHex(char const *bytes, size_t n, char *text);
 // Writes n / 2 bytes; see Binary::fromHexString for characters that are no digits.
-TAVRONE_API void decodeHex(char const *text, size_t n, char *bytes);
+TAVRONE_TEST_API void decodeHex(char const *text, size_t n, char *bytes);
 
 // Characters of n encoded bytes, padding included.
 constexpr size_t base64TextLength(size_t n) {
@@ -33,11 +33,11 @@ struct Base64Codec {
 };
 
 // For every processor.
-TAVRONE_API extern Base64Codec const PLAIN_BASE64;
+TAVRONE_TEST_API extern Base64Codec const PLAIN_BASE64;
 // For processors with AVX2 only.
-TAVRONE_API extern Base64Codec const AVX2_BASE64;
-TAVRONE_API bool hasAvx2();
+TAVRONE_TEST_API extern Base64Codec const AVX2_BASE64;
+TAVRONE_TEST_API bool hasAvx2();
 // The faster one of those that this processor can run.
-TAVRONE_API Base64Codec const &base64Codec();
+TAVRONE_TEST_API Base64Codec const &base64Codec();
 
 }  // namespace tavrone
