@@ -17,6 +17,14 @@ constexpr char const *ABSTRACT_SOURCE = "cpp/AbstractDataObjectSection";
 constexpr char const *LIST_SOURCE = "cpp/DataObjectSectionImpl";
 constexpr char const *SINGLE_SOURCE = "cpp/DataObjectSingleElementSectionImpl";
 
+// An element of a copied section: a clone that knows its new section.
+SmartPtr<DataObject> cloneInto(DataObject const &element, AbstractDataObjectSection *section) {
+  SmartPtr<DataObject> copy(checkedCast<DataObject>(element.clone()));
+  section->admitElement(copy.get());
+  copy->setParentSection(section);
+  return copy;
+}
+
 // An element that somebody else holds outlives its section and must not point to it any more.
 void orphan(SmartPtr<DataObject> const &element, DataObjectSection const *section) {
   if (!element.isNull() && !element->unique() && element->getParentSection() == section)
@@ -104,11 +112,7 @@ bool AbstractDataObjectSection::isEmpty() const {
   return true;
 }
 
-void AbstractDataObjectSection::checkElement(DataObject *) const {}
-
-DataObject *AbstractDataObjectSection::cloneElement(DataObject const &element) const {
-  return checkedCast<DataObject>(element.clone());
-}
+void AbstractDataObjectSection::admitElement(DataObject *) const {}
 
 void AbstractDataObjectSection::throwElementIndexOutOfBounds(int index, int size) const {
   // Names go up through the sections, which is a reading operation in all but its signature.
@@ -146,7 +150,7 @@ bool DataObjectSectionImpl::removeElement(int index) {
 void DataObjectSectionImpl::addElement(DataObject *element, bool checkParent) {
   if (checkParent && element->getParentSection() != this)
     raise<IllegalArgumentException>("The parent of the element added is not this section", LIST_SOURCE, 137);
-  checkElement(element);
+  admitElement(element);
   elements_.push_back(element);
 }
 
@@ -177,10 +181,7 @@ void DataObjectSectionImpl::copy(DataObjectSectionImpl const &source, DataObject
   initialize(parent, source.getName(), source.getMinOccurs(), source.getMaxOccurs());
   elements_.clear();
   elements_.reserve(source.elements_.size());
-  for (SmartPtr<DataObject> const &element : source.elements_) {
-    elements_.push_back(cloneElement(*element));
-    elements_.back()->setParentSection(this);
-  }
+  for (SmartPtr<DataObject> const &element : source.elements_) elements_.push_back(cloneInto(*element, this));
 }
 
 DataObjectSingleElementSectionImpl::DataObjectSingleElementSectionImpl(DataObject *parent, tvstring const &name,
@@ -201,7 +202,7 @@ bool DataObjectSingleElementSectionImpl::removeElement(int index) {
 void DataObjectSingleElementSectionImpl::addElement(DataObject *element) {
   if (!element_.isNull())
     raise<FieldNotFoundException>("Cannot add more than one element to this section", SINGLE_SOURCE);
-  checkElement(element);
+  admitElement(element);
   element_ = element;
 }
 
@@ -231,8 +232,8 @@ DataObjectSection *DataObjectSingleElementSectionImpl::clone() const {
 void DataObjectSingleElementSectionImpl::copy(DataObjectSingleElementSectionImpl const &source, DataObject *parent) {
   if (this == &source) return;
   initialize(parent, source.getName(), source.getMinOccurs(), source.getMaxOccurs());
-  element_ = source.element_.isNull() ? nullptr : cloneElement(*source.element_);
-  if (!element_.isNull()) element_->setParentSection(this);
+  element_.release();
+  if (!source.element_.isNull()) element_ = cloneInto(*source.element_, this);
 }
 
 }  // namespace tavrone

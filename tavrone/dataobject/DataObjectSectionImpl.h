@@ -37,12 +37,11 @@ class TAVRONE_API AbstractDataObjectSection : public DataObjectSection {
   tvstring toXMLString(int level);
   tvstring toXMLString(tvstring const &name, int level);
 
-  // Sections of one class of elements (TypedSection.h) refuse others with ClassCastException. Here all are welcome.
-  virtual void checkElement(DataObject *element) const;
+  // Asked for each element before it is added. Sections of one class of elements (TypedSection.h) refuse others with
+  // ClassCastException; here all are welcome.
+  virtual void admitElement(DataObject *element) const;
 
  protected:
-  // A new element as `element` is, for this section.
-  virtual DataObject *cloneElement(DataObject const &element) const;
   // Raises FieldNotFoundException "Error accessing element of section ...".
   [[noreturn]] void throwElementIndexOutOfBounds(int index, int size) const;
 

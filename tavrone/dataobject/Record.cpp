@@ -52,7 +52,7 @@ Object *give(Value const &value, Object *out) {
 // Shares the elements of another section. One that doesn't fit is found before anything changes.
 void shareElements(AbstractDataObjectSection &to, DataObjectSection *from) {
   int const count = from->getElementCount();
-  for (int i = 0; i < count; ++i) to.checkElement(from->getElement(i));
+  for (int i = 0; i < count; ++i) to.admitElement(from->getElement(i));
   DataObjectSection::assign(&to, from);
 }
 

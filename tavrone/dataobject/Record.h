@@ -130,7 +130,20 @@ class TAVRONE_API RecordBase : public AbstractDataObject {
   DataObjectSection *getSection(int index) const override;
   bool isEmpty() const override;
 
+  // Tells which class derives from this record, so that clones are of that class too. The first word counts.
+  template <class Self>
+  void setClass() {
+    if (cloner_ != nullptr) return;
+    cloner_ = [](RecordBase const &record) -> Object * {
+      auto *copy = new Self(static_cast<Self const &>(record));
+      copy->template setClass<Self>();
+      return copy;
+    };
+  }
+
  protected:
+  using Cloner = Object *(*)(RecordBase const &);
+
   // One line of a declaration as data. `element` is the type of a section's elements; null for the record's own.
   struct MemberRow {
     char const *name;
@@ -153,9 +166,13 @@ class TAVRONE_API RecordBase : public AbstractDataObject {
   static DataObjectMetaInfo *makeMetaInfo(char const *name, MemberRow const *rows, std::size_t count);
   // Tells the metadata where this record, and so every other of its class, keeps a value.
   void setOffset(std::size_t index, void const *value) const;
+  // Null where the class is not known; copies do not take it over.
+  Cloner getCloner() const { return cloner_; }
 
  private:
   FieldMetaInfo const *findField(int index) const;
+
+  Cloner cloner_ = nullptr;
 };
 
 // The value of one member.
@@ -185,9 +202,7 @@ struct RecordSlot<Index, Member> {
     if (name != Member::name) return nullptr;
     // Making an element is a reading operation of the record, and yet it may use up a spare one of the section.
     if (section == &value) return const_cast<typename Member::Value &>(value).newElement();
-    auto *element = new typename Member::Element;
-    element->setParentSection(section);
-    return element;
+    return Member::Value::makeElement(section);
   }
   void const *address() const { return static_cast<typename Member::Value::FormType const *>(&value); }
 
@@ -238,8 +253,8 @@ consteval bool memberNamesDiffer() {
 // A record of the declared members; see the top of this file. Every field starts null. Sections and nested records are
 // there, empty, from the start, and null only after setNull.
 //
-// clone() makes a Record of this declaration: it cannot know the class that derives from it. A class whose clones must
-// be of that very class derives from RecordOf. Elements of sections are always cloned as what they are.
+// clone() makes an object of the deriving class where that class is known: for the elements of sections, and for
+// classes that derive from RecordOf. Else it makes a Record of this declaration, which is the same but for the class.
 //
 // reset() also clears the sections, which keep their elements for the next filling (TypedSection.h).
 template <FixedText Name, class... Members>
@@ -348,7 +363,7 @@ class TAVRONE_API Record : public RecordBase {
   using RecordBase::isNull;
   using RecordBase::setNull;
 
-  Object *clone() const override { return new Record(*this); }
+  Object *clone() const override { return getCloner() != nullptr ? getCloner()(*this) : new Record(*this); }
   void reset() override {
     slots_.clear();
     flags_ = EMPTY_FLAGS;

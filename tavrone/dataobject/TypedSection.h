@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <iterator>
 #include <type_traits>
-#include <typeinfo>
+#include <utility>
 #include <vector>
 
 #include "tavrone/core/Class.h"
@@ -72,8 +72,15 @@ class TAVRONE_API TypedSection : public Form {
 
   // What createElement() hands out, without a look at the parent: the caller's.
   Element *newElement() {
-    Element *element = spares_.empty() ? new Element : takeSpare();
+    Element *element = spares_.empty() ? makeElement(this) : takeSpare();
     element->setParentSection(this);
+    return element;
+  }
+  // An element for any section; the caller's.
+  static Element *makeElement(DataObjectSection *section) {
+    auto *element = new Element;
+    tellClass(*element);
+    element->setParentSection(section);
     return element;
   }
 
@@ -86,22 +93,14 @@ class TAVRONE_API TypedSection : public Form {
     Form::clear();
   }
   DataObjectSection *clone() const override { return new TypedSection(*this, nullptr); }
-  void checkElement(DataObject *element) const override {
-    if (typeid(*element) != typeid(Element)) checkedCast<Element>(element);
-  }
-
- protected:
-  // A declared record's clone() knows the declaration, not the class; here the class is known.
-  DataObject *cloneElement(DataObject const &element) const override {
-    Element const *source = checkedCast<Element>(&element);
-    if (typeid(*source) != typeid(Element)) {
-      SmartPtr<Object> copy(source->clone());
-      if (auto *derived = dynamic_cast<Element *>(copy.get())) return giveUp(copy, derived);
-    }
-    return new Element(*source);
-  }
+  void admitElement(DataObject *element) const override { tellClass(*checkedCast<Element>(element)); }
 
  private:
+  // A declared record can't know which class derives from it, and needs to for its clones.
+  static void tellClass(Element &element) {
+    if constexpr (requires { element.template setClass<Element>(); }) element.template setClass<Element>();
+  }
+
   Held const *first() const {
     if constexpr (std::is_base_of_v<DataObjectSectionImpl, Form>)
       return this->elements_.data();
@@ -109,19 +108,15 @@ class TAVRONE_API TypedSection : public Form {
       return &this->element_;
   }
 
-  // Empties the pointer without releasing the object, whose count is 0 afterwards.
-  template <class T>
-  static Element *giveUp(SmartPtr<T> &held, Element *element) {
-    element->addRef();
-    held.release();
-    element->decRef();
-    return element;
-  }
-
   Element *takeSpare() {
     SmartPtr<Element> spare(std::move(spares_.back()));
     spares_.pop_back();
-    return giveUp(spare, spare.get());
+    Element *element = spare.get();
+    // The section's reference goes without the element's going.
+    element->addRef();
+    spare.release();
+    element->decRef();
+    return element;
   }
 
   void retire(Element &element) {

@@ -342,6 +342,9 @@ TEST(Record, ElementsAreOfTheDeclaredClassOrRefused) {
   EXPECT_NE(dynamic_cast<Leg const *>(copies.getElement(0)), nullptr);
   EXPECT_NE(dynamic_cast<Special const *>(copies.getElement(1)), nullptr);
   EXPECT_EQ(copy.getRefCount(), 0);
+  SmartPtr<Leg> const leg(checkedCast<Leg>(copies.getElement(0)->clone()));
+  legs.addElement(leg.get(), false);
+  EXPECT_EQ(legs.size(), 3);
 }
 
 TEST(Record, ResetKeepsElementsThatNobodyElseHolds) {
