@@ -2,11 +2,9 @@
 
 #include <type_traits>
 
-#include "tavrone/core/BigDecimal.h"
-#include "tavrone/core/Binary.h"
-#include "tavrone/core/DateTime.h"
 #include "tavrone/dataobject/AbstractDataObject.h"
 #include "tavrone/dataobject/DataObjectSectionImpl.h"
+#include "tavrone/dataobject/FieldKinds.h"
 #include "tavrone/dataobject/MetaInfo.h"
 
 // The values of declared records (Record.h) where they stand, for code that walks over all fields of a record: no
@@ -42,47 +40,20 @@ inline void setStoredNotNull(DataObject &record, int index) {
 
 template <class Record, class Visitor>
 bool visitStored(Record &record, FieldMetaInfo const &field, Visitor &&visit) {
-  using Base = std::conditional_t<std::is_const_v<Record>, DataObject const, DataObject>;
-  Base &base = record;
+  std::conditional_t<std::is_const_v<Record>, DataObject const, DataObject> &base = record;
   if (!base.hasFieldOffsets() || field.getOffset() < 0) return false;
-  switch (field.getKind()) {
-    case FieldKind::STRING:
-      return visit(storedValue<tvstring>(base, field)), true;
-    case FieldKind::INTEGER:
-      return visit(storedValue<int>(base, field)), true;
-    case FieldKind::LONG:
-      return visit(storedValue<long long>(base, field)), true;
-    case FieldKind::FLOAT:
-      return visit(storedValue<float>(base, field)), true;
-    case FieldKind::DOUBLE:
-      return visit(storedValue<double>(base, field)), true;
-    case FieldKind::CHARACTER:
-      return visit(storedValue<char>(base, field)), true;
-    case FieldKind::BOOLEAN:
-      return visit(storedValue<bool>(base, field)), true;
-    case FieldKind::BINARY:
-      return visit(storedValue<Binary>(base, field)), true;
-    case FieldKind::DATE_TIME:
-    case FieldKind::DATE_ONLY:
-    case FieldKind::TIME_ONLY:
-      return visit(storedValue<DateTime>(base, field)), true;
-    case FieldKind::ISO_DATE_TIME:
-    case FieldKind::ISO_DATE:
-    case FieldKind::ISO_TIME:
-      return visit(storedValue<ISODateTime>(base, field)), true;
-    case FieldKind::BIG_INTEGER:
-      return visit(storedValue<BigInteger>(base, field)), true;
-    case FieldKind::BIG_DECIMAL:
-      return visit(storedValue<BigDecimal>(base, field)), true;
-    case FieldKind::SECTION:
-      return visit(storedValue<DataObjectSectionImpl>(base, field)), true;
-    case FieldKind::DATA_OBJECT:
-      return visit(storedValue<DataObjectSingleElementSectionImpl>(base, field)), true;
-    case FieldKind::RAW_MESSAGE:
-    case FieldKind::OTHER:
-      break;
-  }
-  return false;
+  return withKind(field.getKind(), [&](auto kind) {
+    constexpr FieldKind KIND = kind;
+    if constexpr (KIND == FieldKind::SECTION)
+      visit(storedValue<DataObjectSectionImpl>(base, field));
+    else if constexpr (KIND == FieldKind::DATA_OBJECT)
+      visit(storedValue<DataObjectSingleElementSectionImpl>(base, field));
+    else if constexpr (HasPlainValue<KIND>)
+      visit(storedValue<typename FieldOf<KIND>::Value>(base, field));
+    else
+      return false;
+    return true;
+  });
 }
 
 }  // namespace tavrone

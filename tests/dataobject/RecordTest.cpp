@@ -12,6 +12,7 @@
 
 #include "examples/messages/GeneratedOrder.h"
 #include "examples/messages/Order.h"
+#include "tavrone/dataobject/DataObjectIO.h"
 #include "tavrone/dataobject/FieldAccess.h"
 #include "tavrone/dataobject/GenericDataObject.h"
 #include "tests/Failure.h"
@@ -204,6 +205,13 @@ TEST(Record, DoesWhatAClassWrittenByHandDoes) {
          order.reset();
          return all + show(order) + show(*addLeg(order, 5)) + std::to_string(order.isEmpty());
        }},
+      {"store and restore",
+       [](DataObject &order, DataObject &other) {
+         fill(order);
+         Binary const stored = DataObjectIO::serialize(&order);
+         addLeg(other, 9);
+         return str(stored.toHexString()) + outcome([&] { return DataObjectIO::parse(&other, stored), show(other); });
+       }},
       {"clone and copy",
        [](DataObject &order, DataObject &other) {
          fill(order);
@@ -288,6 +296,10 @@ TEST(Record, HoldsEveryFieldType) {
   EXPECT_EQ(copy->section<"Children">()[0].section<"Children">()[0].getRootDataObject(), copy.get());
   one->reset();
   EXPECT_TRUE(one->isEmpty());
+  one->nested<"Owner">().set<"Name">("Jones");
+  SmartPtr<Everything> const restored(new Everything);
+  DataObjectIO::parse(restored.get(), DataObjectIO::serialize(one.get()));
+  EXPECT_EQ(show(*restored), show(*one));
   *one = *copy;
   EXPECT_EQ(one->nested<"Owner">().get<"Name">(), "Smith");
   EXPECT_EQ(failureOf<FieldNotFoundException>([&] { one->section<"Owner">().add(); }).text,
