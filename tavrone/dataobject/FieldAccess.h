@@ -20,8 +20,8 @@ namespace tavrone {
 //   DateTime for DATE_TIME, DATE_ONLY and TIME_ONLY; ISODateTime for ISO_DATE_TIME, ISO_DATE and ISO_TIME;
 //   DataObjectSectionImpl for SECTION, DataObjectSingleElementSectionImpl for DATA_OBJECT.
 // REQUIRES: `field` is one of the record's own metadata
-template <class Record, class Visitor>
-bool visitStored(Record &record, FieldMetaInfo const &field, Visitor &&visit);
+template <class Holder, class Visitor>
+bool visitStored(Holder &record, FieldMetaInfo const &field, Visitor &&visit);
 
 // The value itself. REQUIRES: the field has an offset, and Value is the class that its kind tells
 template <class Value>
@@ -38,9 +38,9 @@ inline void setStoredNotNull(DataObject &record, int index) {
   static_cast<AbstractDataObject &>(record).setNotNull(index);
 }
 
-template <class Record, class Visitor>
-bool visitStored(Record &record, FieldMetaInfo const &field, Visitor &&visit) {
-  std::conditional_t<std::is_const_v<Record>, DataObject const, DataObject> &base = record;
+template <class Holder, class Visitor>
+bool visitStored(Holder &record, FieldMetaInfo const &field, Visitor &&visit) {
+  std::conditional_t<std::is_const_v<Holder>, DataObject const, DataObject> &base = record;
   if (!base.hasFieldOffsets() || field.getOffset() < 0) return false;
   return withKind(field.getKind(), [&](auto kind) {
     constexpr FieldKind KIND = kind;

@@ -55,7 +55,7 @@ struct TimeOnly;
 struct ISODate;
 struct ISOTime;
 
-// What a field of type T holds, and the type text that stands in the metadata. These are all the types there are.
+// What a field of type T holds, and the type text that stands in the metadata.
 template <class V, tvstringliteral const &Type>
 struct FieldTypeRow {
   using Value = V;
