@@ -1,2 +1,5 @@
 # The libraries that single benchmarks measure beside, one line each:
 #   peer(XMLBenchmark libpugixml-dev pugixml.hpp pugixml)
+peer(StorageBenchmark libpugixml-dev pugixml.hpp pugixml)
+peer(StorageBenchmark libprotobuf-dev google/protobuf/message.h protobuf)
+proto(StorageBenchmark Order.proto)

@@ -617,6 +617,21 @@ Float nearest(M_APM_ const *body) {
   return body->sign < 0 ? -value : value;
 }
 
+// The point and the digits of a limb behind it, of which there mostly are few.
+char *writeFraction(uint64_t limb, char *out) {
+  constexpr uint64_t TEN_DIGITS = 10'000'000'000;
+  *out++ = '.';
+  size_t n = LIMB_DIGITS;
+  if (limb % TEN_DIGITS == 0) {
+    n -= 10;
+    writeEightDigits(limb / TEN_DIGITS, out);
+  } else {
+    writeLimb(limb, out);
+  }
+  while (out[n - 1] == '0') --n;
+  return out + n;
+}
+
 }  // namespace
 
 int M_APM_::significantDigits() const {
@@ -824,6 +839,18 @@ char *MAPM::toFixPtStringExp(int decimals, char radix, char separator, int count
 
 void MAPM::toIntegerString(char *out) const {
   truncateDecimals(0).toFixPtString(out, 0);
+}
+
+char *MAPM::writeFixed(char *out, char const *end) const {
+  Row const row(val_);
+  if (row.size != 0 && row.place >= -1 && row.top() <= 1 && end - out >= 2 * LIMB_DIGITS + 2) {
+    if (val_->sign < 0) *out++ = '-';
+    out = std::to_chars(out, out + LIMB_DIGITS, row.limbAt(0)).ptr;
+    uint64_t const fraction = row.limbAt(-1);
+    return fraction == 0 ? out : writeFraction(fraction, out);
+  }
+  FixedPoint const text(val_, -1);
+  return text.length() <= end - out ? text.write(out, '.') : nullptr;
 }
 
 tvstring MAPM::toFixedText(int decimals) const {

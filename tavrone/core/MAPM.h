@@ -139,6 +139,8 @@ class TAVRONE_API MAPM {
   char *toFixPtStringExp(int decimals, char radix, char separator, int count) const;
   // The whole part.
   void toIntegerString(char *out) const;
+  // The fixed-point text with all digits, no terminator, if it fits before `end`; returns where it ends, or null.
+  char *writeFixed(char *out, char const *end) const;
 
  protected:
   // From exactly text[0, length).

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "tavrone/core/Raise.h"
+#include "tavrone/core/WritePatterns.h"
 
 namespace tavrone {
 namespace {
@@ -16,14 +17,6 @@ constinit tvstringliteral const READ_DATE_TIME("yyyyMMdd-HH:mm:ss.SSS");
 
 constinit tvstringliteral const TRUE_TEXT("true");
 constinit tvstringliteral const FALSE_TEXT("false");
-
-struct WritePatterns {
-  char const *withMilliseconds;
-  char const *withoutMilliseconds;
-};
-constexpr WritePatterns WRITE_DATE_TIME = {"yyyy-MM-ddTHH:mm:ss.SSS", "yyyy-MM-ddTHH:mm:ss"};
-constexpr WritePatterns WRITE_DATE = {"yyyy-MM-dd", "yyyy-MM-dd"};
-constexpr WritePatterns WRITE_TIME = {"HH:mm:ss.SSS", "HH:mm:ss"};
 
 // `lowered` is in small letters.
 bool equalsLowered(tvstring const &text, char const *lowered) {
@@ -80,8 +73,7 @@ constexpr Reader READERS[] = {
 };
 
 tvstring writeDate(DateTime const &value, WritePatterns const &patterns) {
-  bool const withMilliseconds = value.getMilliseconds() > 0;
-  return value.toString(tvstringliteral(withMilliseconds ? patterns.withMilliseconds : patterns.withoutMilliseconds));
+  return value.toString(tvstringliteral(patterns.of(value.getMilliseconds())));
 }
 
 constexpr size_t MAX_UTF_LENGTH = 0xFFFF;

@@ -1,20 +1,17 @@
 #include "tavrone/dataobject/DataObjectIO.h"
 
-#include <emmintrin.h>
-
 #include <bit>
 #include <climits>
 #include <cstring>
 #include <string_view>
-#include <typeinfo>
 
 #include "tavrone/core/BinaryText.h"
 #include "tavrone/core/ByteBuffer.h"
 #include "tavrone/core/Parsing.h"
 #include "tavrone/core/Raise.h"
-#include "tavrone/dataobject/FieldAccess.h"
+#include "tavrone/core/TextBlock.h"
 #include "tavrone/dataobject/FieldKinds.h"
-#include "tavrone/dataobject/GenericDataObject.h"
+#include "tavrone/dataobject/FieldWalk.h"
 
 // Both directions work on plain pointers into the buffer and give it back its position at the end. A field goes one of
 // two ways: where a declared record keeps it, or through the virtual accessors with a wrapper on the stack. Both end in
@@ -29,9 +26,7 @@ constexpr int MAX_DEPTH = 500;  // of a record below the outermost one
 
 constexpr size_t MAX_FAST = 5;              // bytes of a fast unsigned int
 constexpr size_t MAX_FIXED = 7 * MAX_FAST;  // of a DateTime, the longest value of bounded length
-constexpr size_t BLOCK = 16;                // bytes that one SSE2 instruction takes
-constexpr size_t MAX_SHORT_NUMBER = 100;    // characters of a decimal number that is rendered in place
-constexpr unsigned HIGH_BITS_4 = 0x80808080;
+constexpr size_t MAX_SHORT_NUMBER = 100;    // characters of a decimal number that is written in place
 
 // Kinds with an encoding of their own; the others are stored as their text.
 constexpr bool isCompact(FieldKind kind) {
@@ -88,18 +83,8 @@ inline uint64_t swapBytes(uint64_t word) {
   return __builtin_bswap64(word);
 }
 
-inline __m128i loadBlock(char const *from) {
-  return _mm_loadu_si128(reinterpret_cast<__m128i const *>(from));
-}
-inline void storeBlock(char *to, __m128i block) {
-  _mm_storeu_si128(reinterpret_cast<__m128i *>(to), block);
-}
-inline unsigned highBits(__m128i block) {
-  return static_cast<unsigned>(_mm_movemask_epi8(block));
-}
-
 // Copies text up to its first byte from 128 up, or a few bytes less, and returns how many. What `to` has behind them,
-// up to n bytes, is undefined.
+// up to n bytes and a block, is undefined.
 inline size_t copyAscii(char *to, char const *from, size_t n) {
   if (n >= BLOCK) {
     size_t done = 0;
@@ -113,41 +98,16 @@ inline size_t copyAscii(char *to, char const *from, size_t n) {
     storeBlock(to + n - BLOCK, last);
     return n;
   }
-  if (n >= 8) {
-    uint64_t const first = load<uint64_t>(from);
-    uint64_t const last = load<uint64_t>(from + n - 8);
-    if (((first | last) & (uint64_t{HIGH_BITS_4} << 32 | HIGH_BITS_4)) != 0) return 0;
-    store(to, first);
-    store(to + n - 8, last);
-    return n;
-  }
-  if (n >= 4) {
-    uint32_t const first = load<uint32_t>(from);
-    uint32_t const last = load<uint32_t>(from + n - 4);
-    if (((first | last) & HIGH_BITS_4) != 0) return 0;
-    store(to, first);
-    store(to + n - 4, last);
-    return n;
-  }
-  if (n == 0) return 0;
-  char const first = from[0];
-  char const middle = from[n / 2];
-  char const last = from[n - 1];
-  if (((first | middle | last) & 0x80) != 0) return 0;
-  to[0] = first;
-  to[n / 2] = middle;
-  to[n - 1] = last;
-  return n;
+  __m128i const block = loadShort(from, n);
+  storeBlock(to, block);
+  return highBits(block) == 0 ? n : 0;
 }
 
 inline bool isAscii(char const *text, size_t n) {
-  unsigned high = 0;
-  if (n >= BLOCK) {
-    for (size_t at = 0; at + BLOCK <= n && high == 0; at += BLOCK) high = highBits(loadBlock(text + at));
-    return (high | highBits(loadBlock(text + n - BLOCK))) == 0;
-  }
-  for (size_t at = 0; at < n; ++at) high |= static_cast<unsigned char>(text[at]);
-  return (high & 0x80) == 0;
+  if (n < BLOCK) return highBits(loadShort(text, n)) == 0;
+  unsigned high = highBits(loadBlock(text + n - BLOCK));
+  for (size_t at = 0; at + BLOCK <= n && high == 0; at += BLOCK) high = highBits(loadBlock(text + at));
+  return high == 0;
 }
 
 inline char *putFast(char *at, unsigned value) {
@@ -156,26 +116,25 @@ inline char *putFast(char *at, unsigned value) {
   return at;
 }
 
-char *putDate(char *at, DateTime const &value, bool date, bool time) {
+inline char *putDate(char *at, DateTime const &value, bool date, bool time) {
+  auto const put = [&at](int part) {
+    if (static_cast<unsigned>(part) < 0x80)
+      *at++ = static_cast<char>(part);
+    else
+      at = putFast(at, static_cast<unsigned>(part));
+  };
   if (date) {
-    at = putFast(at, static_cast<unsigned>(value.getYear()));
-    at = putFast(at, static_cast<unsigned>(value.getMonth()));
-    at = putFast(at, static_cast<unsigned>(value.getDate()));
+    put(value.getYear());
+    put(value.getMonth());
+    put(value.getDate());
   }
   if (time) {
-    at = putFast(at, static_cast<unsigned>(value.getHours()));
-    at = putFast(at, static_cast<unsigned>(value.getMinutes()));
-    at = putFast(at, static_cast<unsigned>(value.getSeconds()));
-    at = putFast(at, static_cast<unsigned>(value.getMilliseconds()));
+    put(value.getHours());
+    put(value.getMinutes());
+    put(value.getSeconds());
+    put(value.getMilliseconds());
   }
   return at;
-}
-
-// The characters of a number's text at most, its terminator included.
-size_t maxTextLength(MAPM const &number) {
-  int const exponent = number.exponent();
-  return static_cast<size_t>(number.significant_digits()) + static_cast<size_t>(exponent < 0 ? -exponent : exponent) +
-         4;
 }
 
 // Appends to a buffer. `at` is where the next byte goes; each operation takes it and returns it moved on. A buffer
@@ -195,25 +154,29 @@ class Writer {
 
   char *object(char *at, DataObject *object, int depth) {
     checkDepth(depth);
-    DataObjectMetaInfo const &type = *object->getMetaInfo();
-    if (object->hasFieldOffsets())
-      at = members(at, static_cast<AbstractDataObject &>(*object), type, depth);
-    else if (typeid(*object) == typeid(GenericDataObject))
-      at = values(at, *object, type, depth);
-    else
-      at = accessed(at, *object, depth);
+    at = walkFields(at, *object, Fields{*this, depth});
     at = room(at, 1);
     *at++ = 0;
     return at;
   }
 
-  char *string(char *at, char const *text, size_t n) {
-    at = putFast(room(at, n + MAX_FAST), static_cast<unsigned>(n));
+  [[gnu::noinline]] char *string(char *at, char const *text, size_t n) {
+    at = putFast(room(at, n + MAX_FAST + BLOCK), static_cast<unsigned>(n));
     size_t const ascii = copyAscii(at, text, n);
     at += ascii;
     return ascii == n ? at : wide(at, text + ascii, n - ascii);
   }
-  char *string(char *at, tvstring const &text) { return string(at, text.data(), text.length()); }
+  char *string(char *at, tvstring const &text) {
+    char const *data = text.data();
+    size_t const n = text.length();
+    if (n >= BLOCK) return string(at, data, n);
+    at = room(at, 1 + BLOCK);
+    __m128i const block = loadShort(data, n);
+    if (highBits(block) != 0) return string(at, data, n);
+    *at = static_cast<char>(n);
+    storeBlock(at + 1, block);
+    return at + 1 + n;
+  }
 
   // By the type text alone.
   char *value(char *at, Object const &object, tvstring const &type) {
@@ -262,7 +225,8 @@ class Writer {
     } else if constexpr (Kind == FieldKind::CHARACTER) {
       return putFast(at, signExtended(value));
     } else if constexpr (Kind == FieldKind::BOOLEAN) {
-      return string(at, value ? "true" : "false", value ? 4 : 5);
+      std::memcpy(at, value ? "\4true" : "\5false", 6);
+      return at + (value ? 5 : 6);
     } else if constexpr (Kind == FieldKind::BINARY) {
       return hex(at, value);
     } else if constexpr (IS_DATE<Kind>) {
@@ -274,7 +238,7 @@ class Writer {
     }
   }
 
-  char *hex(char *at, Binary const &value) {
+  [[gnu::noinline]] char *hex(char *at, Binary const &value) {
     size_t const n = value.length() * 2;
     at = putFast(room(at, n + MAX_FAST), static_cast<unsigned>(n));
     encodeHex(value.data(), value.length(), at);
@@ -282,21 +246,19 @@ class Writer {
   }
 
   template <class Number>
-  char *number(char *at, Number const &value) {
-    size_t const most = maxTextLength(value);
-    if (most > MAX_SHORT_NUMBER) return string(at, value.toString());
-    at = room(at, 1 + most);
-    value.toString(at + 1);
-    size_t const n = std::strlen(at + 1);
-    *at = static_cast<char>(n);
-    return at + 1 + n;
+  [[gnu::noinline]] char *number(char *at, Number const &value) {
+    at = room(at, 1 + MAX_SHORT_NUMBER);
+    char *const end = value.writeFixed(at + 1, at + 1 + MAX_SHORT_NUMBER);
+    if (end == nullptr) return string(at, value.toString());
+    *at = static_cast<char>(end - at - 1);
+    return end;
   }
 
   // Text with bytes from 128 up.
   TAVRONE_COLD char *wide(char *at, char const *text, size_t n) {
     while (n != 0) {
       size_t const part = n < BLOCK ? n : BLOCK;
-      at = room(at, n + part * (MAX_FAST - 1));
+      at = room(at, n + BLOCK * MAX_FAST);
       size_t const ascii = copyAscii(at, text, part);
       at += ascii;
       for (size_t i = ascii; i < part; ++i) at = putFast(at, signExtended(text[i]));
@@ -306,295 +268,257 @@ class Writer {
     return at;
   }
 
-  char *section(char *at, int index, DataObjectSection *section, int depth) {
-    int const count = section == nullptr ? 0 : section->getElementCount();
-    if (count <= 0) return at;
-    at = putFast(id(at, index), static_cast<unsigned>(count));
-    for (int i = 0; i < count; ++i) at = object(at, section->getElement(i), depth + 1);
-    return at;
-  }
+  // What the walk over a record's fields finds.
+  struct Fields {
+    Writer &writer;
+    int depth;
 
-  // Any value, asked in this order: a section, a record, else by its type text.
-  char *any(char *at, FieldMetaInfo const &field, Object *value, int depth) {
-    int const index = field.getIndex();
-    if (auto *wrapped = dynamic_cast<SectionObject *>(value)) return section(at, index, wrapped->getSection(), depth);
-    at = id(at, index);
-    if (auto *nested = dynamic_cast<DataObject *>(value)) return object(at, nested, depth + 1);
-    return this->value(at, *value, field.getType());
-  }
-
-  // A declared record's fields, where it keeps them.
-  char *members(char *at, AbstractDataObject &object, DataObjectMetaInfo const &type, int depth) {
-    int const count = type.getFieldCount();
-    for (int i = 0; i < count; ++i) {
-      if (!object.isNotNull(i)) continue;
-      FieldMetaInfo const &field = *type.getFieldMetaInfo(i);
-      at = withKind(field.getOffset() < 0 ? FieldKind::OTHER : field.getKind(), [&](auto kind) {
-        constexpr FieldKind KIND = kind;
-        if constexpr (KIND == FieldKind::SECTION)
-          return section(at, i, &storedValue<DataObjectSectionImpl>(object, field), depth);
-        else if constexpr (KIND == FieldKind::DATA_OBJECT)
-          return section(at, i, &storedValue<DataObjectSingleElementSectionImpl>(object, field), depth);
-        else if constexpr (HasPlainValue<KIND>)
-          return plain(kind, id(at, i), storedValue<typename FieldOf<KIND>::Value>(object, field));
-        else
-          return made(at, object, field, depth);
-      });
+    template <FieldKind Kind, class Value>
+    [[gnu::always_inline]] char *plain(KindTag<Kind> kind, char *at, int index, FieldMetaInfo const &,
+                                       Value const &value) {
+      return writer.plain(kind, writer.id(at, index), value);
     }
-    return at;
-  }
-
-  // The wrappers that a generic record holds, without cloning them.
-  char *values(char *at, DataObject &object, DataObjectMetaInfo const &type, int depth) {
-    int const count = type.getFieldCount();
-    for (int i = 0; i < count; ++i) {
-      if (object.isNull(i)) continue;
-      FieldMetaInfo const &field = *type.getFieldMetaInfo(i);
-      Object *value = object.getFieldCheckNull(i);
-      at = withKind(field.getKind(), [&](auto kind) {
-        constexpr FieldKind KIND = kind;
-        if constexpr (HasPlainValue<KIND>) {
-          using Wrapper = typename FieldOf<KIND>::Wrapper;
-          if (typeid(*value) == typeid(Wrapper))
-            return plain(kind, id(at, i), static_cast<Wrapper *>(value)->getValue());
-        }
-        return any(at, field, value, depth);
-      });
+    [[gnu::noinline]] char *section(char *at, int index, FieldMetaInfo const &, DataObjectSection *section) {
+      int const count = section == nullptr ? 0 : section->getElementCount();
+      if (count <= 0) return at;
+      at = putFast(writer.id(at, index), static_cast<unsigned>(count));
+      for (int i = 0; i < count; ++i) at = writer.object(at, section->getElement(i), depth + 1);
+      return at;
     }
-    return at;
-  }
-
-  // Fields that only the virtual accessors know.
-  char *accessed(char *at, DataObject &object, int depth) {
-    int const count = object.getFieldCount();
-    DataObjectMetaInfo const &type = *object.getMetaInfo();
-    for (int i = 0; i < count; ++i) {
-      if (object.isNull(i)) continue;
-      FieldMetaInfo const &field = *type.getFieldMetaInfo(i);
-      at = withKind(field.getKind(), [&](auto kind) {
-        constexpr FieldKind KIND = kind;
-        if constexpr (HasPlainValue<KIND>) {
-          typename FieldOf<KIND>::Wrapper wrapper;
-          return object.getField(i, wrapper) ? plain(kind, id(at, i), wrapper.getValue()) : at;
-        } else if constexpr (KIND == FieldKind::SECTION) {
-          SectionObject wrapper;
-          if (object.getField(i, wrapper) && wrapper.getSection() != nullptr)
-            return section(at, i, wrapper.getSection(), depth);
-        }
-        return made(at, object, field, depth);
-      });
+    char *other(char *at, int index, FieldMetaInfo const &field, Object &value) {
+      at = writer.id(at, index);
+      if (auto *nested = dynamic_cast<DataObject *>(&value)) return writer.object(at, nested, depth + 1);
+      return writer.value(at, value, field.getType());
     }
-    return at;
-  }
-
-  // A field through getField(i); one that counts as set but reads null is left out.
-  char *made(char *at, DataObject &object, FieldMetaInfo const &field, int depth) {
-    SmartPtr<Object> const value(object.getField(field.getIndex()));
-    return value.isNull() ? at : any(at, field, value.get(), depth);
-  }
+  };
 
   ByteBuffer &buffer_;
   int length_;
   char *end_;
 };
 
-// Reads from a buffer, whose position moves when all has gone well.
+// Reads from a buffer. `at` is the next byte; each operation takes it and returns it moved on, and the buffer's own
+// position moves when all has gone well.
 class Reader {
  public:
-  explicit Reader(ByteBuffer &buffer)
-      : buffer_(buffer), end_(buffer.str() + buffer.length()), at_(buffer.hasMore() ? buffer.getCursor(0) : end_) {}
+  explicit Reader(ByteBuffer &buffer) : buffer_(buffer), end_(buffer.str() + buffer.length()) {}
 
-  void finish() {
-    int const start = buffer_.hasMore() ? static_cast<int>(at_ - buffer_.getCursor(0)) : 0;
-    if (start == 0) return;
-    buffer_.getCursor(start - 1);
+  char const *start() const { return buffer_.hasMore() ? buffer_.getCursor(0) : end_; }
+  void finish(char const *at) {
+    ptrdiff_t const n = at - start();
+    if (n == 0) return;
+    buffer_.getCursor(static_cast<int>(n) - 1);  // which never takes the last byte
     buffer_.read();
   }
 
-  void object(DataObject *object, int depth) {
+  char const *object(char const *at, DataObject &object, int depth) {
     checkDepth(depth);
-    DataObjectMetaInfo const &type = *object->getMetaInfo();
-    bool const stored = object->hasFieldOffsets();
-    while (unsigned const id = fast()) {
-      FieldMetaInfo const &field = *type.getFieldMetaInfo(static_cast<int>(id - 1));
-      if (stored && field.getOffset() >= 0)
-        member(*object, field, depth);
-      else
-        accessed(*object, field, depth);
+    DataObjectMetaInfo const &type = *object.getMetaInfo();
+    bool const stored = object.hasFieldOffsets();
+    for (;;) {
+      unsigned id;
+      at = fast(at, id);
+      if (id == 0) return at;
+      int const index = static_cast<int>(id - 1);
+      FieldMetaInfo const &field = *type.getFieldMetaInfo(index);
+      at = stored && field.getOffset() >= 0 ? member(at, object, index, field, depth)
+                                            : accessed(at, object, index, field, depth);
     }
   }
 
-  void value(DataObject *object, int index, tvstring const &type) {
-    withKind(FieldMetaInfo::kindOf(type), [&](auto kind) { set(kind, *object, index, type); });
+  char const *value(char const *at, DataObject &object, int index, tvstring const &type) {
+    return withKind(FieldMetaInfo::kindOf(type), [&](auto kind) { return set(kind, at, object, index, type); });
   }
 
-  unsigned fast() {
-    if (at_ == end_) raiseOutOfBounds(buffer_);
-    auto const byte = static_cast<unsigned char>(*at_);
-    if (byte >= 0x80) return longFast();
-    ++at_;
-    return byte;
+  char const *fast(char const *at, unsigned &value) {
+    if (at == end_) raiseOutOfBounds(buffer_);
+    value = static_cast<unsigned char>(*at);
+    return value < 0x80 ? at + 1 : longFast(at, value);
   }
 
   template <class Word>
-  Word bigEndian() {
-    if (static_cast<size_t>(end_ - at_) < sizeof(Word)) raiseOutOfBounds(buffer_);
-    Word const word = load<Word>(at_);
-    at_ += sizeof word;
-    return swapBytes(word);
+  char const *bigEndian(char const *at, Word &word) {
+    if (static_cast<size_t>(end_ - at) < sizeof word) raiseOutOfBounds(buffer_);
+    word = swapBytes(load<Word>(at));
+    return at + sizeof word;
   }
 
-  DateTime date(bool hasDate, bool hasTime) {
-    int day[] = {1970, 1, 1};
-    int time[] = {0, 0, 0, 0};
+  char const *date(char const *at, DateTime &value, bool hasDate, bool hasTime) {
+    unsigned day[] = {1970, 1, 1};
+    unsigned time[] = {0, 0, 0, 0};
     if (hasDate)
-      for (int &part : day) part = static_cast<int>(fast());
+      for (unsigned &part : day) at = fast(at, part);
     if (hasTime)
-      for (int &part : time) part = static_cast<int>(fast());
-    return DateTime(day[0], day[1], day[2], time[0], time[1], time[2], time[3]);
+      for (unsigned &part : time) at = fast(at, part);
+    value = DateTime(static_cast<int>(day[0]), static_cast<int>(day[1]), static_cast<int>(day[2]),
+                     static_cast<int>(time[0]), static_cast<int>(time[1]), static_cast<int>(time[2]),
+                     static_cast<int>(time[3]));
+    return at;
   }
 
   // Into the array that the text has, where that is unshared and large enough. Text is a tvstring or a Binary.
   template <class Text>
-  void string(Text &text) {
-    size_t const n = count();
-    if (n == 0 && text.empty()) return;
-    if (n < BLOCK && end_ - at_ >= static_cast<ptrdiff_t>(BLOCK)) {
-      __m128i const block = loadBlock(at_);
-      if ((highBits(block) & ((1U << n) - 1)) != 0) return wide(text, n);
+  char const *string(char const *at, Text &text) {
+    size_t n;
+    at = count(at, n);
+    if (n == 0 && text.empty()) return at;
+    if (n < BLOCK && end_ - at >= static_cast<ptrdiff_t>(BLOCK)) {
+      __m128i const block = loadBlock(at);
+      if ((highBits(block) & ((1U << n) - 1)) != 0) return wide(at, text, n);
       storeBlock(text.getBuffer(static_cast<int>(BLOCK) - 1), block);
     } else {
-      if (!isAscii(at_, n)) return wide(text, n);
-      std::memcpy(text.getBuffer(static_cast<int>(n)), at_, n);
+      if (!isAscii(at, n)) return wide(at, text, n);
+      std::memcpy(text.getBuffer(static_cast<int>(n)), at, n);
     }
     text.setBufferLength(static_cast<int>(n));
-    at_ += n;
+    return at + n;
   }
 
  private:
-  unsigned longFast() {
-    unsigned value = 0;
-    char const *at = at_;
+  [[gnu::noinline]] char const *longFast(char const *at, unsigned &value) {
+    unsigned sum = 0;
     for (int shift = 0; shift < 35; shift += 7) {
       if (at == end_) raiseOutOfBounds(buffer_);
       auto const byte = static_cast<unsigned char>(*at++);
-      value |= DataObjectIO::clearHighBitLS(byte, shift);
+      sum |= DataObjectIO::clearHighBitLS(byte, shift);
       if (byte < 0x80) break;
     }
-    at_ = at;
-    return value;
+    value = sum;
+    return at;
   }
 
   // A count of things that take a byte each at least.
-  size_t count() {
-    char const *const start = at_;
-    unsigned const n = fast();
-    if (n <= static_cast<size_t>(end_ - at_)) return n;
-    at_ = start;
-    raiseOutOfBounds(buffer_);
+  char const *count(char const *at, size_t &n) {
+    unsigned value;
+    at = fast(at, value);
+    n = value;
+    if (n > static_cast<size_t>(end_ - at)) raiseOutOfBounds(buffer_);
+    return at;
   }
 
   // Text with bytes from 128 up. Looks through all of it first, so that a text that breaks off changes nothing.
   template <class Text>
-  TAVRONE_COLD void wide(Text &text, size_t n) {
-    char const *const start = at_;
-    for (size_t i = 0; i < n; ++i) fast();
-    at_ = start;
+  TAVRONE_COLD char const *wide(char const *at, Text &text, size_t n) {
+    unsigned value;
+    char const *end = at;
+    for (size_t i = 0; i < n; ++i) end = fast(end, value);
     char *to = text.getBuffer(static_cast<int>(n));
-    for (size_t i = 0; i < n; ++i) to[i] = static_cast<char>(fast());
+    for (size_t i = 0; i < n; ++i) {
+      at = fast(at, value);
+      to[i] = static_cast<char>(value);
+    }
     text.setBufferLength(static_cast<int>(n));
+    return at;
   }
 
   // Text that is only looked at: in the buffer itself, or decoded into `scratch`.
-  std::string_view text(tvstring &scratch) {
-    char const *const start = at_;
-    size_t const n = count();
-    if (isAscii(at_, n)) {
-      at_ += n;
-      return {at_ - n, n};
+  char const *text(char const *at, std::string_view &text, tvstring &scratch) {
+    size_t n;
+    char const *const start = count(at, n);
+    if (isAscii(start, n)) {
+      text = {start, n};
+      return start + n;
     }
-    at_ = start;
-    string(scratch);
-    return {scratch.data(), scratch.length()};
+    at = string(at, scratch);
+    text = {scratch.data(), scratch.length()};
+    return at;
   }
 
   template <FieldKind Kind>
-  void plain(KindTag<Kind>, typename FieldOf<Kind>::Value &value) {
+  char const *plain(KindTag<Kind>, char const *at, typename FieldOf<Kind>::Value &value) {
     if constexpr (Kind == FieldKind::STRING || Kind == FieldKind::BINARY) {
-      string(value);
-    } else if constexpr (Kind == FieldKind::INTEGER) {
-      value = static_cast<int>(bigEndian<uint32_t>());
-    } else if constexpr (Kind == FieldKind::LONG) {
-      value = static_cast<long long>(bigEndian<uint64_t>());
-    } else if constexpr (Kind == FieldKind::FLOAT) {
-      value = std::bit_cast<float>(bigEndian<uint32_t>());
-    } else if constexpr (Kind == FieldKind::DOUBLE) {
-      value = std::bit_cast<double>(bigEndian<uint64_t>());
+      return string(at, value);
+    } else if constexpr (Kind == FieldKind::INTEGER || Kind == FieldKind::FLOAT) {
+      uint32_t bits;
+      at = bigEndian(at, bits);
+      value = std::bit_cast<typename FieldOf<Kind>::Value>(bits);
+      return at;
+    } else if constexpr (Kind == FieldKind::LONG || Kind == FieldKind::DOUBLE) {
+      uint64_t bits;
+      at = bigEndian(at, bits);
+      value = std::bit_cast<typename FieldOf<Kind>::Value>(bits);
+      return at;
     } else if constexpr (Kind == FieldKind::CHARACTER) {
-      value = static_cast<char>(fast());
+      unsigned extended;
+      at = fast(at, extended);
+      value = static_cast<char>(extended);
+      return at;
     } else if constexpr (Kind == FieldKind::BOOLEAN) {
-      value = boolean();
+      return boolean(at, value);
     } else if constexpr (IS_DATE<Kind>) {
-      value = date(HAS_DAY<Kind>, HAS_TIME<Kind>);
+      return date(at, value, HAS_DAY<Kind>, HAS_TIME<Kind>);
     } else {
-      number(value);
+      return number(at, value);
     }
   }
 
-  bool boolean() {
+  [[gnu::noinline]] char const *boolean(char const *at, bool &value) {
     tvstring scratch;
-    std::string_view const read = text(scratch);
-    if (read == "true") return true;
-    return read != "false" && Parsing::parseBool(tvstring(read.data(), read.length()));
+    std::string_view read;
+    at = text(at, read, scratch);
+    value = read == "true" || (read != "false" && Parsing::parseBool(tvstring(read.data(), read.length())));
+    return at;
   }
-  void number(BigDecimal &value) {
+  [[gnu::noinline]] char const *number(char const *at, BigDecimal &value) {
     tvstring scratch;
-    std::string_view const read = text(scratch);
+    std::string_view read;
+    at = text(at, read, scratch);
     value.assign(read.data(), read.length());
+    return at;
   }
-  void number(BigInteger &value) {
+  [[gnu::noinline]] char const *number(char const *at, BigInteger &value) {
     BigDecimal decimal;
-    number(decimal);
+    at = number(at, decimal);
     value = BigInteger(decimal);
+    return at;
   }
 
-  void section(DataObjectSection *section, size_t count, int depth) {
-    section->clear();
+  char const *section(char const *at, DataObjectSection &section, size_t count, int depth) {
+    section.clear();
     for (size_t i = 0; i < count; ++i) {
-      SmartPtr<DataObject> const element(section->createElement());
-      section->addElement(element.get());
-      object(element.get(), depth + 1);
+      SmartPtr<DataObject> const element(section.createElement());
+      section.addElement(element.get());
+      at = object(at, *element, depth + 1);
     }
+    return at;
+  }
+  [[gnu::noinline]] char const *countedSection(char const *at, DataObjectSection &held, int depth) {
+    size_t elements;
+    at = count(at, elements);
+    return section(at, held, elements, depth);
   }
 
   // A field of a declared record, where it keeps it.
-  void member(DataObject &object, FieldMetaInfo const &field, int depth) {
-    withKind(field.getKind(), [&](auto kind) {
+  char const *member(char const *at, DataObject &object, int index, FieldMetaInfo const &field, int depth) {
+    return withKind(field.getKind(), [&](auto kind) TAVRONE_INLINED {
       constexpr FieldKind KIND = kind;
       if constexpr (KIND == FieldKind::SECTION) {
-        section(&storedValue<DataObjectSectionImpl>(object, field), count(), depth);
+        at = countedSection(at, storedValue<DataObjectSectionImpl>(object, field), depth);
       } else if constexpr (KIND == FieldKind::DATA_OBJECT) {
-        section(&storedValue<DataObjectSingleElementSectionImpl>(object, field), count(), depth);
+        at = countedSection(at, storedValue<DataObjectSingleElementSectionImpl>(object, field), depth);
       } else if constexpr (IS_READ<KIND>) {
-        plain(kind, storedValue<typename FieldOf<KIND>::Value>(object, field));
+        at = plain(kind, at, storedValue<typename FieldOf<KIND>::Value>(object, field));
       } else {
-        return set(kind, object, field.getIndex(), field.getType());
+        return set(kind, at, object, index, field.getType());
       }
-      setStoredNotNull(object, field.getIndex());
+      setStoredNotNull(object, index);
+      return at;
     });
   }
 
-  void accessed(DataObject &object, FieldMetaInfo const &field, int depth) {
-    int const index = field.getIndex();
-    withKind(field.getKind(), [&](auto kind) {
+  // A field that only the virtual accessors know.
+  [[gnu::noinline]] char const *accessed(char const *at, DataObject &object, int index, FieldMetaInfo const &field,
+                                         int depth) {
+    return withKind(field.getKind(), [&](auto kind) {
       constexpr FieldKind KIND = kind;
       if constexpr (KIND == FieldKind::SECTION) {
-        size_t const elements = count();
-        section(sectionOf(object, index), elements, depth);
+        size_t elements;
+        at = count(at, elements);
+        return section(at, *sectionOf(object, index), elements, depth);
       } else if constexpr (KIND == FieldKind::DATA_OBJECT) {
-        nested(object, index, depth);
+        return nested(at, object, index, depth);
       } else {
-        set(kind, object, index, field.getType());
+        return set(kind, at, object, index, field.getType());
       }
     });
   }
@@ -607,56 +531,50 @@ class Reader {
 
   // Without an object to read into, nothing is read: the class has to make it. A generic record is asked for its
   // section instead, which makes one.
-  void nested(DataObject &object, int index, int depth) {
+  char const *nested(char const *at, DataObject &object, int index, int depth) {
     SmartPtr<Object> const value(object.getField(index));
     bool const generic = dynamic_cast<GenericDataObject *>(&object) != nullptr;
     if ((value.isNull() && generic) || dynamic_cast<SectionObject *>(value.get()) != nullptr) {
-      size_t const elements = count();
-      return section(object.getSection(index), elements, depth);
+      size_t elements;
+      at = count(at, elements);
+      return section(at, *object.getSection(index), elements, depth);
     }
     auto *record = dynamic_cast<DataObject *>(value.get());
-    if (record == nullptr) return;
+    if (record == nullptr) return at;
     record->reset();
-    this->object(record, depth + 1);
+    at = this->object(at, *record, depth + 1);
     if (generic) object.setField(index, value.get());  // what it hands out is a clone
+    return at;
   }
 
   template <FieldKind Kind>
-  void set(KindTag<Kind> kind, DataObject &object, int index, tvstring const &type) {
+  char const *set(KindTag<Kind> kind, char const *at, DataObject &object, int index, tvstring const &type) {
     if constexpr (IS_READ<Kind>) {
       typename FieldOf<Kind>::Value value{};
-      plain(kind, value);
-      object.setField(index, typename FieldOf<Kind>::Wrapper(value));
+      at = plain(kind, at, value);
+      typename FieldOf<Kind>::Wrapper const wrapper(value);
+      if constexpr (isCompact(Kind))
+        object.setField(index, wrapper);
+      else
+        object.setField(index, &wrapper);
     } else {
       tvstring text;
-      string(text);
+      at = string(at, text);
       SmartPtr<Object> const value(Parsing::toRuntimeObject(text, type));
       object.setField(index, static_cast<Object const *>(value.get()));
     }
+    return at;
   }
 
   ByteBuffer &buffer_;
   char const *end_;
-  char const *at_;
 };
 
-// One operation on a buffer.
-template <class Call>
-void append(ByteBuffer &out, Call const &call) {
-  Writer writer(out);
-  writer.finish(call(writer, writer.start()));
-}
-template <class Call>
-auto take(ByteBuffer &in, Call const &call) {
-  Reader reader(in);
-  if constexpr (std::is_void_v<decltype(call(reader))>) {
-    call(reader);
-    reader.finish();
-  } else {
-    auto value = call(reader);
-    reader.finish();
-    return value;
-  }
+// One operation on a buffer: `call(worker, at)` gives where it ended.
+template <class Worker, class Call>
+void work(ByteBuffer &buffer, Call const &call) {
+  Worker worker(buffer);
+  worker.finish(call(worker, worker.start()));
 }
 
 }  // namespace
@@ -668,28 +586,28 @@ Binary DataObjectIO::serialize(DataObject *object) {
 }
 
 void DataObjectIO::write(DataObject *object, ByteBuffer &out) {
-  append(out, [object](Writer &writer, char *at) { return writer.object(at, object, 0); });
+  work<Writer>(out, [object](Writer &writer, char *at) { return writer.object(at, object, 0); });
 }
 
 void DataObjectIO::writeField(ByteBuffer &out, Object *value, tvstring const &type) {
-  append(out, [&](Writer &writer, char *at) { return writer.value(at, *value, type); });
+  work<Writer>(out, [&](Writer &writer, char *at) { return writer.value(at, *value, type); });
 }
 
 void DataObjectIO::writeString(ByteBuffer &out, tvstring const &text) {
-  append(out, [&](Writer &writer, char *at) { return writer.string(at, text); });
+  work<Writer>(out, [&](Writer &writer, char *at) { return writer.string(at, text); });
 }
 
 void DataObjectIO::writeFastUnsignedInt(ByteBuffer &out, unsigned int value) {
-  append(out, [value](Writer &writer, char *at) { return putFast(writer.room(at, MAX_FAST), value); });
+  work<Writer>(out, [value](Writer &writer, char *at) { return putFast(writer.room(at, MAX_FAST), value); });
 }
 
 void DataObjectIO::writeIntBigEndian(ByteBuffer &out, int value) {
   uint32_t const bytes = swapBytes(static_cast<uint32_t>(value));
-  append(out, [bytes](Writer &writer, char *at) { return store(writer.room(at, sizeof bytes), bytes); });
+  work<Writer>(out, [bytes](Writer &writer, char *at) { return store(writer.room(at, sizeof bytes), bytes); });
 }
 void DataObjectIO::writeLongBigEndian(ByteBuffer &out, long long value) {
   uint64_t const bytes = swapBytes(static_cast<uint64_t>(value));
-  append(out, [bytes](Writer &writer, char *at) { return store(writer.room(at, sizeof bytes), bytes); });
+  work<Writer>(out, [bytes](Writer &writer, char *at) { return store(writer.room(at, sizeof bytes), bytes); });
 }
 void DataObjectIO::writeFloatBigEndian(ByteBuffer &out, float value) {
   writeIntBigEndian(out, ByteBuffer::floatToIntBits(value));
@@ -699,7 +617,7 @@ void DataObjectIO::writeDoubleBigEndian(ByteBuffer &out, double value) {
 }
 
 void DataObjectIO::writeCompactDateTime(ByteBuffer &out, DateTime const &value, bool date, bool time) {
-  append(out, [&](Writer &writer, char *at) { return putDate(writer.room(at, MAX_FIXED), value, date, time); });
+  work<Writer>(out, [&](Writer &writer, char *at) { return putDate(writer.room(at, MAX_FIXED), value, date, time); });
 }
 
 void DataObjectIO::parse(DataObject *object, char const *bytes, int length) {
@@ -715,30 +633,34 @@ void DataObjectIO::parse(DataObject *object, Binary const &bytes) {
 }
 
 void DataObjectIO::read(DataObject *object, ByteBuffer &in) {
-  take(in, [object](Reader &reader) { reader.object(object, 0); });
+  work<Reader>(in, [object](Reader &reader, char const *at) { return reader.object(at, *object, 0); });
 }
 
 void DataObjectIO::readSetField(DataObject *object, int index, ByteBuffer &in, tvstring const &type) {
-  take(in, [&](Reader &reader) { reader.value(object, index, type); });
+  work<Reader>(in, [&](Reader &reader, char const *at) { return reader.value(at, *object, index, type); });
 }
 
 tvstring DataObjectIO::readString(ByteBuffer &in) {
-  return take(in, [](Reader &reader) {
-    tvstring text;
-    reader.string(text);
-    return text;
-  });
+  tvstring text;
+  work<Reader>(in, [&text](Reader &reader, char const *at) { return reader.string(at, text); });
+  return text;
 }
 
 unsigned int DataObjectIO::readFastUnsignedInt(ByteBuffer &in) {
-  return take(in, [](Reader &reader) { return reader.fast(); });
+  unsigned value;
+  work<Reader>(in, [&value](Reader &reader, char const *at) { return reader.fast(at, value); });
+  return value;
 }
 
 int DataObjectIO::readIntBigEndian(ByteBuffer &in) {
-  return static_cast<int>(take(in, [](Reader &reader) { return reader.bigEndian<uint32_t>(); }));
+  uint32_t bits;
+  work<Reader>(in, [&bits](Reader &reader, char const *at) { return reader.bigEndian(at, bits); });
+  return static_cast<int>(bits);
 }
 long long DataObjectIO::readLongBigEndian(ByteBuffer &in) {
-  return static_cast<long long>(take(in, [](Reader &reader) { return reader.bigEndian<uint64_t>(); }));
+  uint64_t bits;
+  work<Reader>(in, [&bits](Reader &reader, char const *at) { return reader.bigEndian(at, bits); });
+  return static_cast<long long>(bits);
 }
 float DataObjectIO::readFloatBigEndian(ByteBuffer &in) {
   return ByteBuffer::intBitsToFloat(readIntBigEndian(in));
@@ -748,7 +670,9 @@ double DataObjectIO::readDoubleBigEndian(ByteBuffer &in) {
 }
 
 DateTime DataObjectIO::readCompactDateTime(ByteBuffer &in, bool date, bool time) {
-  return take(in, [=](Reader &reader) { return reader.date(date, time); });
+  DateTime value;
+  work<Reader>(in, [&](Reader &reader, char const *at) { return reader.date(at, value, date, time); });
+  return value;
 }
 
 }  // namespace tavrone

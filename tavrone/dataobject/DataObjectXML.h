@@ -4,8 +4,6 @@
 
 namespace tavrone {
 
-class tvstringbuffer;
-
 // Makes text safe for XML. Text that needs no work is shared, not copied.
 class TAVRONE_API DataObjectXML {
  public:
@@ -14,11 +12,6 @@ class TAVRONE_API DataObjectXML {
   // &amp; &quot; &lt; &gt; and &#n; for control bytes. An apostrophe stays, though it alone has the text rebuilt:
   // meant.
   static tvstring fixXMLCharData(tvstring const &text);
-
-  // The same, appended.
-  static void appendXMLCharData(tvstringbuffer &out, char const *text, size_t length);
-  // `level` tabs; none for a level of 0 or less.
-  static void appendIndent(tvstringbuffer &out, int level);
 
  private:
   static tvstring replaceXMLEntities(tvstring const &text, bool escapeApostrophe);

@@ -130,6 +130,9 @@ class TAVRONE_API DataObjectMetaInfo : public Object {
 
   tvstring const &getName() const { return name_; }
   int getFieldCount() const { return static_cast<int>(fields_.size()); }
+  // The fields in index order.
+  auto begin() const { return fields_.begin(); }
+  auto end() const { return fields_.end(); }
 
   // Raise FieldNotFoundException "Field at index <i> not defined" or "Field with name <name> not defined".
   FieldMetaInfo *getFieldMetaInfo(int index) const {

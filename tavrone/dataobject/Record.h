@@ -129,6 +129,8 @@ class TAVRONE_API RecordBase : public AbstractDataObject {
   using AbstractDataObject::getSection;
   DataObjectSection *getSection(int index) const override;
   bool isEmpty() const override;
+  // Final, since a section renders its elements from their values and asks nobody.
+  tvstring toXMLStringImpl(int level) final { return AbstractDataObject::toXMLStringImpl(level); }
 
   // Tells which class derives from this record, so that clones are of that class too. The first word counts.
   template <class Self>

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <typeinfo>
+
+#include "tavrone/dataobject/FieldAccess.h"
+#include "tavrone/dataobject/FieldKinds.h"
+#include "tavrone/dataobject/GenericDataObject.h"
+
+// Internal: the values of a record's fields, in index order and without a wrapper on the heap, for code that appends
+// them to a buffer. `at`, where the next byte goes, is handed in and comes back moved on. Null fields are left out, and
+// so is one that counts as set but reads null. A Sink has
+//
+//   char *plain(KindTag<Kind>, char *at, int index, FieldMetaInfo const &, Value const &)   the value that belongs to
+//   the kind char *section(char *at, int index, FieldMetaInfo const &, DataObjectSection *)          may be null char
+//   *other(char *at, int index, FieldMetaInfo const &, Object &)                       whatever else a field gives
+
+#define TAVRONE_INLINED __attribute__((always_inline))
+
+namespace tavrone {
+
+template <class Sink>
+char *walkValue(char *at, int index, FieldMetaInfo const &field, Object &value, Sink &&sink) {
+  if (auto *wrapper = dynamic_cast<SectionObject *>(&value))
+    return sink.section(at, index, field, wrapper->getSection());
+  return sink.other(at, index, field, value);
+}
+
+// A field that only the accessors know, as a wrapper of their own.
+template <class Sink>
+[[gnu::noinline]] char *walkMade(char *at, DataObject const &object, int index, FieldMetaInfo const &field,
+                                 Sink &&sink) {
+  SmartPtr<Object> const value(object.getField(index));
+  return value.isNull() ? at : walkValue(at, index, field, *value, sink);
+}
+
+// A declared record: where it keeps the values.
+template <class Sink>
+char *walkStored(char *at, AbstractDataObject &object, Sink &&sink) {
+  DataObjectMetaInfo const &type = *object.getMetaInfo();
+  int i = -1;
+  for (FieldMetaInfo const *pointer : type) {
+    if (!object.isNotNull(++i)) continue;
+    FieldMetaInfo const &field = *pointer;
+    at = withKind(field.getOffset() < 0 ? FieldKind::OTHER : field.getKind(), [&](auto kind) TAVRONE_INLINED {
+      constexpr FieldKind KIND = kind;
+      if constexpr (KIND == FieldKind::SECTION)
+        return sink.section(at, i, field, &storedValue<DataObjectSectionImpl>(object, field));
+      else if constexpr (KIND == FieldKind::DATA_OBJECT)
+        return sink.section(at, i, field, &storedValue<DataObjectSingleElementSectionImpl>(object, field));
+      else if constexpr (HasPlainValue<KIND>)
+        return sink.plain(kind, at, i, field, storedValue<typename FieldOf<KIND>::Value>(object, field));
+      else
+        return walkMade(at, object, i, field, sink);
+    });
+  }
+  return at;
+}
+
+// A generic record: the wrappers that it holds, not clones of them.
+template <class Sink>
+char *walkHeld(char *at, DataObject &object, Sink &&sink) {
+  DataObjectMetaInfo const &type = *object.getMetaInfo();
+  int const count = type.getFieldCount();
+  for (int i = 0; i < count; ++i) {
+    if (object.isNull(i)) continue;
+    FieldMetaInfo const &field = *type.getFieldMetaInfo(i);
+    Object &value = *object.getFieldCheckNull(i);
+    at = withKind(field.getKind(), [&](auto kind) {
+      constexpr FieldKind KIND = kind;
+      if constexpr (HasPlainValue<KIND>) {
+        using Wrapper = typename FieldOf<KIND>::Wrapper;
+        if (typeid(value) == typeid(Wrapper))
+          return sink.plain(kind, at, i, field, static_cast<Wrapper const &>(value).getValue());
+      }
+      return walkValue(at, i, field, value, sink);
+    });
+  }
+  return at;
+}
+
+// Any other record: the accessors, with a wrapper on the stack.
+template <class Sink>
+char *walkAccessed(char *at, DataObject &object, Sink &&sink) {
+  DataObjectMetaInfo const &type = *object.getMetaInfo();
+  int const count = object.getFieldCount();
+  for (int i = 0; i < count; ++i) {
+    if (object.isNull(i)) continue;
+    FieldMetaInfo const &field = *type.getFieldMetaInfo(i);
+    at = withKind(field.getKind(), [&](auto kind) {
+      constexpr FieldKind KIND = kind;
+      if constexpr (HasPlainValue<KIND>) {
+        typename FieldOf<KIND>::Wrapper wrapper;
+        return object.getField(i, wrapper) ? sink.plain(kind, at, i, field, wrapper.getValue()) : at;
+      } else if constexpr (KIND == FieldKind::SECTION) {
+        SectionObject wrapper;
+        if (object.getField(i, wrapper) && wrapper.getSection() != nullptr)
+          return sink.section(at, i, field, wrapper.getSection());
+      }
+      return walkMade(at, object, i, field, sink);
+    });
+  }
+  return at;
+}
+
+// Whether exactly a GenericDataObject: what derives from it may keep its values elsewhere.
+inline bool isPlainGeneric(DataObject const &object) {
+  return typeid(object) == typeid(GenericDataObject);
+}
+
+template <class Sink>
+char *walkFields(char *at, DataObject &object, Sink &&sink) {
+  if (object.hasFieldOffsets()) return walkStored(at, static_cast<AbstractDataObject &>(object), sink);
+  return isPlainGeneric(object) ? walkHeld(at, object, sink) : walkAccessed(at, object, sink);
+}
+
+}  // namespace tavrone
