@@ -29,7 +29,9 @@ class TAVRONE_API UserClassManager {
   // released; the very factory that is registered stays.
   static void registerClass(tvstring const &name, ObjectFactory *factory);
   // The same for a T made by its default constructor. Returns true, so that one line at namespace scope registers a
-  // class while its library loads: static bool const registered = UserClassManager::registerClass<MyRule>("MyRule");
+  // class while its library loads:
+  //
+  //   static bool const registered = UserClassManager::registerClass<PriceRule>("PriceRule");
   template <class T>
   static bool registerClass(tvstring const &name) {
     registerClass(name, new DefaultObjectFactory<T>);

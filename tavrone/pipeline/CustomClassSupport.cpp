@@ -8,13 +8,22 @@ namespace tavrone {
 
 namespace {
 
+// What the maps hold: an instance as the interface that is called, so that no call has to cast.
+template <class T>
+struct Held : ObjectRef {
+  explicit Held(SmartPtr<T> const &made) : instance(made) {}
+  ~Held() noexcept(false) override = default;
+
+  SmartPtr<T> instance;
+};
+
 // The instance that the owner keeps under the name.
 template <class T, class Refuse>
 T &instanceOf(SmallStringMap &instances, tvstring const &className, Refuse const &refuse) {
-  if (ObjectRef *const kept = instances.get(className)) return dynamic_cast<T &>(*kept);
-  SmartPtr<T> const instance = CustomClassSupport::create<T>(className, refuse);
-  instances.put(className, instance.get());
-  return *instance;
+  if (ObjectRef *const kept = instances.get(className)) return *static_cast<Held<T> *>(kept)->instance;
+  SmartPtr<Held<T>> const made(new Held<T>(CustomClassSupport::create<T>(className, refuse)));
+  instances.put(className, made.get());
+  return *made->instance;
 }
 
 }  // namespace
