@@ -11,6 +11,7 @@
 #include "tavrone/core/Wrappers.h"
 #include "tavrone/dataobject/GenericDataObject.h"
 #include "tavrone/dataobject/MetaInfo.h"
+#include "tavrone/pipeline/InputSources.h"
 #include "tavrone/routing/MessageRouter.h"
 
 namespace {

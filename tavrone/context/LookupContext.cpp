@@ -3,6 +3,10 @@
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/pipeline/IInputFormat.h"
+#include "tavrone/pipeline/IMessage.h"
+#include "tavrone/pipeline/IMessageMapping.h"
+#include "tavrone/pipeline/IOutputFormat.h"
+#include "tavrone/routing/IMessageFlow.h"
 
 namespace tavrone {
 
@@ -13,6 +17,11 @@ void refuse(Object *object) {
   auto const *counted = dynamic_cast<ObjectRef *>(object);
   if (counted != nullptr && counted->getRefCount() == 0) object->addRef();
   ObjectRef::releaseRef(object);
+}
+
+// Text of its own: what threads share has no count that they touch.
+tvstring copyOf(tvstring const &name) {
+  return tvstring(name.data(), name.length());
 }
 
 }  // namespace
@@ -31,12 +40,65 @@ Object *LookupContextImpl::lookupComponent(tvstring const &name) {
   return lookup(name);
 }
 
-SmartPtr<IInputFormat> LookupContextImpl::lookupInputFormat(tvstring const &name) {
-  return lookupService<IInputFormat>(name);
+// A new component, or null unless the object is a factory that makes a T. Held at once, so that one of another kind
+// goes.
+template <class T>
+SmartPtr<T> LookupContextImpl::create(Object *object) {
+  auto *const factory = dynamic_cast<ObjectFactory *>(object);
+  if (factory == nullptr) return nullptr;
+  SmartPtr<Object> const component = factory->create();
+  return dynamic_cast<T *>(component.get());
 }
 
+template <class T>
+SmartPtr<T> LookupContextImpl::lookupService(tvstring const &name) {
+  SmartPtr<T> service = create<T>(lookup(name));
+  if (service.isNull()) raise<NamingException>("Unable to lookup '" + name + "'", "cpp/LookupContextImpl", 19);
+  return service;
+}
+
+template <class T>
+TList<tvstring> LookupContextImpl::getNames() {
+  TList<tvstring> names;
+  for (auto const &[name, object] : getLookupContextList())
+    if (!create<T>(object).isNull()) names.add(copyOf(name));
+  return names;
+}
+
+SmartPtr<INormalizedObjectMappingFormat> LookupContextImpl::lookupNormalizedObjectMappingFormat(tvstring const &name) {
+  SmartPtr<INormalizedObjectMappingFormat> format = create<INormalizedObjectMappingFormat>(lookup(name));
+  if (format.isNull())
+    raise<NamingException>("NormalizedObjectMappingFormat not available at " + name, "cpp/LookupContextImpl");
+  return format;
+}
+
+IOutputProtocol *LookupContextImpl::lookupOutputProtocol(tvstring const &name) {
+  if (auto *protocol = dynamic_cast<IOutputProtocol *>(lookup(name))) return protocol;
+  raise<NamingException>("Device not available at " + name, "cpp/LookupContextImpl");
+}
+
+// clang-format off
+SmartPtr<IMessage> LookupContextImpl::lookupMessage(tvstring const &name) { return lookupService<IMessage>(name); }
+SmartPtr<IExternalMessage> LookupContextImpl::lookupExternalMessage(tvstring const &name) { return lookupService<IExternalMessage>(name); }
+SmartPtr<IInternalMessage> LookupContextImpl::lookupBusinessTransaction(tvstring const &name) { return lookupService<IInternalMessage>(name); }
+SmartPtr<IMessageMapping> LookupContextImpl::lookupMessageMapping(tvstring const &name) { return lookupService<IMessageMapping>(name); }
+SmartPtr<IMessageFlow> LookupContextImpl::lookupMessageFlow(tvstring const &name) { return lookupService<IMessageFlow>(name); }
+SmartPtr<IInternalMessage> LookupContextImpl::lookupInternalMessage(tvstring const &name) { return lookupService<IInternalMessage>(name); }
+SmartPtr<IInputFormat> LookupContextImpl::lookupInputFormat(tvstring const &name) { return lookupService<IInputFormat>(name); }
+SmartPtr<IOutputFormat> LookupContextImpl::lookupOutputFormat(tvstring const &name) { return lookupService<IOutputFormat>(name); }
+
+TList<tvstring> LookupContextImpl::getMessages() { return getNames<IMessage>(); }
+TList<tvstring> LookupContextImpl::getExternalMessages() { return getNames<IExternalMessage>(); }
+TList<tvstring> LookupContextImpl::getInternalMessages() { return getNames<IInternalMessage>(); }
+TList<tvstring> LookupContextImpl::getMessageMappings() { return getNames<IMessageMapping>(); }
+TList<tvstring> LookupContextImpl::getMessageFlows() { return getNames<IMessageFlow>(); }
+TList<tvstring> LookupContextImpl::getInputFormats() { return getNames<IInputFormat>(); }
+TList<tvstring> LookupContextImpl::getOutputFormats() { return getNames<IOutputFormat>(); }
+TList<tvstring> LookupContextImpl::getNormalizedObjectMappings() { return getNames<INormalizedObjectMappingFormat>(); }
+// clang-format on
+
 void LookupContextImpl::bind(tvstring const &name, Object *object) {
-  auto const [entry, inserted] = getLookupContextList().try_emplace(name, object);
+  auto const [entry, inserted] = getLookupContextList().try_emplace(copyOf(name), object);
   if (inserted) {
     ObjectRef::addRef(object);
     return;
@@ -51,7 +113,7 @@ void LookupContextImpl::rebind(tvstring const &name, Object *object) {
   if (entry != directory.end() && entry->second == object) return;
   LookupContextImpl::unbind(name);
   ObjectRef::addRef(object);
-  directory.emplace(name, object);
+  directory.emplace(copyOf(name), object);
 }
 
 Object *LookupContextImpl::lookup(tvstring const &name) {
@@ -67,15 +129,6 @@ void LookupContextImpl::unbind(tvstring const &name) {
   Object *const object = entry->second;
   directory.erase(entry);
   ObjectRef::releaseRef(object);
-}
-
-template <class T>
-SmartPtr<T> LookupContextImpl::lookupService(tvstring const &name) {
-  if (auto *factory = dynamic_cast<ObjectFactory *>(lookup(name))) {
-    SmartPtr<Object> const component = factory->create();
-    if (T *service = dynamic_cast<T *>(component.get())) return service;
-  }
-  raise<NamingException>("Unable to lookup '" + name + "'", "cpp/LookupContextImpl", 19);
 }
 
 LookupContextFactory *LookupContextFactory::getLookupContextFactory() {

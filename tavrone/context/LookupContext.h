@@ -3,19 +3,53 @@
 #include "tavrone/context/ObjectPtrMap.h"
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/SmartPtr.h"
+#include "tavrone/core/TList.h"
 
 namespace tavrone {
 
+class IExternalMessage;
 class IInputFormat;
+class IInternalMessage;
+class IMessage;
+class IMessageFlow;
+class IMessageMapping;
+class INormalizedObjectMappingFormat;
+class IOutputFormat;
+class IOutputProtocol;
 
 // The directory of generated components: factories and shared objects bound under names. It is process-wide and without
 // a lock: bind while libraries load, look up afterwards. Its entries live until unbind, rebind or process exit.
 class TAVRONE_API ILookupContext : public virtual ObjectRef {
  public:
   virtual Object *lookupComponent(tvstring const &name) = 0;
-  // A new component at each call, made by the ObjectFactory bound under the name. Raises NamingException
-  // "Unable to lookup '<name>'" for anything else that is or isn't bound there.
+
+  // A typed look-up gives a new component at each call, made by the ObjectFactory bound under the name. Whatever else
+  // is or isn't bound there raises NamingException: "NormalizedObjectMappingFormat not available at <name>" for the
+  // first, "Unable to lookup '<name>'" for all others.
+  virtual SmartPtr<INormalizedObjectMappingFormat> lookupNormalizedObjectMappingFormat(tvstring const &name) = 0;
+  virtual SmartPtr<IMessage> lookupMessage(tvstring const &name) = 0;
+  virtual SmartPtr<IExternalMessage> lookupExternalMessage(tvstring const &name) = 0;
+  // The same as lookupInternalMessage.
+  virtual SmartPtr<IInternalMessage> lookupBusinessTransaction(tvstring const &name) = 0;
+  virtual SmartPtr<IMessageMapping> lookupMessageMapping(tvstring const &name) = 0;
+  virtual SmartPtr<IMessageFlow> lookupMessageFlow(tvstring const &name) = 0;
+  virtual SmartPtr<IInternalMessage> lookupInternalMessage(tvstring const &name) = 0;
   virtual SmartPtr<IInputFormat> lookupInputFormat(tvstring const &name) = 0;
+  virtual SmartPtr<IOutputFormat> lookupOutputFormat(tvstring const &name) = 0;
+  // The bound protocol itself, borrowed: protocols have no factories. Raises NamingException "Device not available at
+  // <name>".
+  virtual IOutputProtocol *lookupOutputProtocol(tvstring const &name) = 0;
+
+  // The names, in order, under which components of a kind can be looked up. Each call runs every factory once.
+  virtual TList<tvstring> getMessages() = 0;
+  virtual TList<tvstring> getExternalMessages() = 0;
+  virtual TList<tvstring> getInternalMessages() = 0;
+  virtual TList<tvstring> getMessageMappings() = 0;
+  virtual TList<tvstring> getMessageFlows() = 0;
+  virtual TList<tvstring> getInputFormats() = 0;
+  virtual TList<tvstring> getOutputFormats() = 0;
+  virtual TList<tvstring> getNormalizedObjectMappings() = 0;
+
   // Adds a reference. A name that is taken raises NamingException "<name> already bound", and `object` is released all
   // the same: bind takes it over in any case. The very object that is bound there stays as it is.
   virtual void bind(tvstring const &name, Object *object) = 0;
@@ -37,7 +71,24 @@ class TAVRONE_API LookupContextImpl : public ILookupContext {
   Object *clone() const override;
 
   Object *lookupComponent(tvstring const &name) override;
+  SmartPtr<INormalizedObjectMappingFormat> lookupNormalizedObjectMappingFormat(tvstring const &name) override;
+  SmartPtr<IMessage> lookupMessage(tvstring const &name) override;
+  SmartPtr<IExternalMessage> lookupExternalMessage(tvstring const &name) override;
+  SmartPtr<IInternalMessage> lookupBusinessTransaction(tvstring const &name) override;
+  SmartPtr<IMessageMapping> lookupMessageMapping(tvstring const &name) override;
+  SmartPtr<IMessageFlow> lookupMessageFlow(tvstring const &name) override;
+  SmartPtr<IInternalMessage> lookupInternalMessage(tvstring const &name) override;
   SmartPtr<IInputFormat> lookupInputFormat(tvstring const &name) override;
+  SmartPtr<IOutputFormat> lookupOutputFormat(tvstring const &name) override;
+  IOutputProtocol *lookupOutputProtocol(tvstring const &name) override;
+  TList<tvstring> getMessages() override;
+  TList<tvstring> getExternalMessages() override;
+  TList<tvstring> getInternalMessages() override;
+  TList<tvstring> getMessageMappings() override;
+  TList<tvstring> getMessageFlows() override;
+  TList<tvstring> getInputFormats() override;
+  TList<tvstring> getOutputFormats() override;
+  TList<tvstring> getNormalizedObjectMappings() override;
   void bind(tvstring const &name, Object *object) override;
   void rebind(tvstring const &name, Object *object) override;
   Object *lookup(tvstring const &name) override;
@@ -47,7 +98,11 @@ class TAVRONE_API LookupContextImpl : public ILookupContext {
   static ObjectPtrMap<Object> &getLookupContextList();
 
   template <class T>
+  static SmartPtr<T> create(Object *factory);
+  template <class T>
   SmartPtr<T> lookupService(tvstring const &name);
+  template <class T>
+  static TList<tvstring> getNames();
 };
 
 class TAVRONE_API LookupContextFactory {

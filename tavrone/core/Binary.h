@@ -41,6 +41,8 @@ class TAVRONE_API Binary {
   size_t size() const { return bytes_.size(); }
   size_t length() const { return bytes_.length(); }
   bool empty() const { return bytes_.empty(); }
+  // Whether copies keep the bytes alive; false for bytes that are somebody else's, or static.
+  bool isCounted() const { return bytes_.owner_ != nullptr; }
 
   char operator[](size_t i) const { return bytes_[i]; }
   // The byte sign-extended: 0xE9 is -23.

@@ -5,6 +5,7 @@
 
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/WritePatterns.h"
+#include "tavrone/pipeline/InputSources.h"
 
 namespace tavrone {
 namespace {
@@ -128,6 +129,14 @@ tvstring Parsing::runtimeObjectToString(Object const *object, tvstring const &ty
   if (typeName == DesignerTypes::TIME_ONLY_TYPE) return writeDate(object->getDate(), WRITE_TIME);
   if (typeName == DesignerTypes::BINARY_TYPE) return object->getBinary().toHexString();
   return object->toString();
+}
+
+Object *Parsing::toRawMessageTypeObject(Object *object) {
+  if (auto const *binary = dynamic_cast<BinaryObject *>(object))
+    return new RawMessageObject(new ByteArrayInputSource(binary->getValue()));
+  if (auto const *text = dynamic_cast<StringObject *>(object))
+    return new RawMessageObject(new StringInputSource(text->getValue()));
+  return object;
 }
 
 void Parsing::writeUTF(std::ostream &out, tvstring const &text) {

@@ -64,6 +64,9 @@ class TAVRONE_API Parsing {
   static tvstring runtimeObjectToString(Object const *object, tvstring const &typeName);
   // The argument, whatever its type.
   static Object *toBinaryTypeObject(Object *object) { return object; }
+  // A new RawMessageObject, the caller's, around the value of a BinaryObject or StringObject; any other object, null
+  // included, as it is.
+  static Object *toRawMessageTypeObject(Object *object);
 
   // Text behind its length in bytes, 16 bits, high byte first; the bytes are not converted. Both raise "Out of bounds":
   // for more than 65,535 bytes, before anything is written, and for a stream that ends early.

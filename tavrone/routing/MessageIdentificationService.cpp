@@ -6,6 +6,7 @@
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Class.h"
 #include "tavrone/core/OwnedPointers.h"
+#include "tavrone/pipeline/InputSources.h"
 
 namespace tavrone {
 

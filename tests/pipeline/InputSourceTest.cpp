@@ -1,4 +1,4 @@
-#include "tavrone/pipeline/InputSource.h"
+#include "tavrone/pipeline/InputSources.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -10,6 +10,7 @@
 #include "tavrone/dataobject/GenericDataObject.h"
 #include "tavrone/dataobject/MetaInfo.h"
 #include "tavrone/pipeline/IInputFormat.h"
+#include "tavrone/pipeline/InputSources.h"
 #include "tavrone/routing/MessageRouter.h"
 
 namespace tavrone {

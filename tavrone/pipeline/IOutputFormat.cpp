@@ -1,0 +1,7 @@
+#include "tavrone/pipeline/IOutputFormat.h"
+
+namespace tavrone {
+
+IOutputFormat::~IOutputFormat() noexcept(false) = default;
+
+}  // namespace tavrone

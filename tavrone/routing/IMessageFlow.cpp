@@ -1,0 +1,7 @@
+#include "tavrone/routing/IMessageFlow.h"
+
+namespace tavrone {
+
+IMessageFlow::~IMessageFlow() noexcept(false) = default;
+
+}  // namespace tavrone
