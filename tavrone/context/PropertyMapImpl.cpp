@@ -91,6 +91,7 @@ PropertyMapImpl::PropertyMapImpl(PropertyMapImpl const &other) : PropertyMapImpl
   }
 }
 PropertyMapImpl &PropertyMapImpl::operator=(PropertyMapImpl const &other) {
+  if (this == &other) return *this;
   PropertyMapImpl copy(other);
   entries_.swap(copy.entries_);
   return *this;

@@ -1,7 +1,9 @@
 #include "tavrone/dataobject/DataObjectSectionImpl.h"
 
 #include <algorithm>
+#include <memory>
 #include <stdexcept>
+#include <utility>
 
 #include "tavrone/core/Class.h"
 #include "tavrone/core/Conversion.h"
@@ -54,14 +56,17 @@ DataObjectSingleElementSectionImpl::~DataObjectSingleElementSectionImpl() noexce
 
 void DataObjectSection::assign(DataObjectSection *to, DataObjectSection *from) {
   if (to == from) return;
-  to->clear();
+  // Held first: `from` may be inside an element that `to` drops.
+  std::vector<SmartPtr<DataObject>> elements;
   int const count = from->getElementCount();
-  for (int i = 0; i < count; ++i) {
-    DataObject *element = from->getElement(i);
+  elements.reserve(static_cast<size_t>(count));
+  for (int i = 0; i < count; ++i) elements.emplace_back(from->getElement(i));
+  to->clear();
+  for (SmartPtr<DataObject> const &element : elements) {
     DataObjectSection *former = element->getParentSection();
     element->setParentSection(to);
     try {
-      to->addElement(element);
+      to->addElement(element.get());
     } catch (...) {
       // A refused element must not point to a section that doesn't hold it.
       element->setParentSection(former);
@@ -178,10 +183,12 @@ DataObjectSection *DataObjectSectionImpl::clone() const {
 
 void DataObjectSectionImpl::copy(DataObjectSectionImpl const &source, DataObject *parent) {
   if (this == &source) return;
+  // The former elements go last: the source may be inside one of them, or one of its own may fail to be cloned.
+  std::vector<SmartPtr<DataObject>> elements;
+  elements.reserve(source.elements_.size());
+  for (SmartPtr<DataObject> const &element : source.elements_) elements.push_back(cloneInto(*element, this));
   initialize(parent, source.getName(), source.getMinOccurs(), source.getMaxOccurs());
-  elements_.clear();
-  elements_.reserve(source.elements_.size());
-  for (SmartPtr<DataObject> const &element : source.elements_) elements_.push_back(cloneInto(*element, this));
+  elements_.swap(elements);
 }
 
 DataObjectSingleElementSectionImpl::DataObjectSingleElementSectionImpl(DataObject *parent, tvstring const &name,
@@ -224,16 +231,17 @@ void DataObjectSingleElementSectionImpl::clear() {
 }
 
 DataObjectSection *DataObjectSingleElementSectionImpl::clone() const {
-  auto *section = new DataObjectSingleElementSectionImpl;
+  auto section = std::make_unique<DataObjectSingleElementSectionImpl>();
   section->copy(*this, nullptr);
-  return section;
+  return section.release();
 }
 
 void DataObjectSingleElementSectionImpl::copy(DataObjectSingleElementSectionImpl const &source, DataObject *parent) {
   if (this == &source) return;
+  SmartPtr<DataObject> element;  // the former one goes last, as in the list form
+  if (!source.element_.isNull()) element = cloneInto(*source.element_, this);
   initialize(parent, source.getName(), source.getMinOccurs(), source.getMaxOccurs());
-  element_.release();
-  if (!source.element_.isNull()) element_ = cloneInto(*source.element_, this);
+  element_ = std::move(element);
 }
 
 }  // namespace tavrone

@@ -30,21 +30,20 @@ GenericDataObject::GenericDataObject(DataObjectMetaInfo *metaInfo, bool ownsMeta
     : GenericDataObject(nullptr, metaInfo, ownsMetaInfo) {}
 
 GenericDataObject::GenericDataObject(DataObjectSection *parentSection, DataObjectMetaInfo *metaInfo, bool ownsMetaInfo)
+    : GenericDataObject(parentSection, metaInfo, ownsMetaInfo, metaInfo->getFieldCount()) {}
+
+GenericDataObject::GenericDataObject(DataObjectSection *parentSection, DataObjectMetaInfo *metaInfo, bool ownsMetaInfo,
+                                     int fieldCount)
     : parentSection_(parentSection),
-      fieldCount_(metaInfo->getFieldCount()),
+      fieldCount_(fieldCount),
       values_(new Object *[static_cast<size_t>(fieldCount_)]()),
       metaInfo_(metaInfo),
       ownsMetaInfo_(ownsMetaInfo) {}
 
+// Through another constructor, so that the destructor releases what was taken so far when a clone fails. Metadata is
+// not looked at: the record that owns it may be gone.
 GenericDataObject::GenericDataObject(GenericDataObject const &other)
-    : Object(),
-      ObjectRef(),
-      DataObjectBase(other),
-      parentSection_(nullptr),
-      fieldCount_(other.fieldCount_),
-      values_(new Object *[static_cast<size_t>(fieldCount_)]()),
-      metaInfo_(other.metaInfo_),
-      ownsMetaInfo_(false) {
+    : GenericDataObject(nullptr, other.metaInfo_, false, other.fieldCount_) {
   for (int i = 0; i < fieldCount_; ++i) {
     Object const *value = other.values_[i];
     if (value == nullptr) continue;
@@ -77,10 +76,7 @@ void GenericDataObject::store(int index, Object *value) const {
 
 DataObjectSection *GenericDataObject::getSection(int index) const {
   checkFieldIndex(index);
-  if (Object *value = values_[index]) {
-    auto *section = dynamic_cast<SectionObject *>(value);
-    return (section != nullptr ? section : checkedCast<SectionObject>(value))->getSection();
-  }
+  if (values_[index] != nullptr) return checkedCast<SectionObject>(values_[index])->getSection();
   auto const *field = dynamic_cast<SectionMetaInfo const *>(metaInfo_->getFieldMetaInfo(index));
   if (field == nullptr) raiseNotASection(metaInfo_->getFieldName(index));
   AbstractDataObjectSection *section = newSection(*field);

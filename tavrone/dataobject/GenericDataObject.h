@@ -58,6 +58,8 @@ class TAVRONE_API GenericDataObject : public DataObjectBase {
   tvstring getQualifiedName(tvstring const &name);
 
  private:
+  GenericDataObject(DataObjectSection *parentSection, DataObjectMetaInfo *metaInfo, bool ownsMetaInfo, int fieldCount);
+
   void checkFieldIndex(int index) const;
   // Takes over `value` with a reference and releases the old one.
   void store(int index, Object *value) const;
@@ -67,8 +69,8 @@ class TAVRONE_API GenericDataObject : public DataObjectBase {
   Object **values_;
   DataObjectMetaInfo *metaInfo_;
   bool ownsMetaInfo_;
-  std::vector<std::unique_ptr<DataObjectSection>>
-      copiedSections_;  // behind the borrowing values that a copy starts with
+  // Behind the borrowing values that a copy starts with.
+  std::vector<std::unique_ptr<DataObjectSection>> copiedSections_;
 };
 
 }  // namespace tavrone

@@ -52,12 +52,10 @@ class TAVRONE_API OutputDevice : public Object {
 
 class TAVRONE_API AbstractOutputDevice : public OutputDevice {
  public:
+  explicit AbstractOutputDevice(DeviceInfo const &deviceInfo) : deviceInfo_(deviceInfo) {}
   ~AbstractOutputDevice() noexcept(false) override;
 
   DeviceInfo const &getDeviceInfo() override { return deviceInfo_; }
-
- protected:
-  explicit AbstractOutputDevice(DeviceInfo const &deviceInfo) : deviceInfo_(deviceInfo) {}
 
  private:
   DeviceInfo deviceInfo_;

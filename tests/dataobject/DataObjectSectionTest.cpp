@@ -105,6 +105,23 @@ TEST_F(Section, AssignSharesTheElements) {
   EXPECT_EQ(leg->getRootDataObject(), other.get());
 }
 
+TEST_F(Section, TakesTheElementsOfASectionInsideItsOwn) {
+  for (bool copies : {false, true}) {
+    DataObjectSectionImpl outer(nullptr, "Outer", 0, -1);
+    SmartPtr<GeneratedOrder> inner(new GeneratedOrder(&outer));
+    outer.addElement(inner.get());
+    DataObjectSectionImpl &rows = inner->getLegs();
+    for (int i = 0; i < 3; ++i) rows.addElement(SmartPtr<DataObject>(rows.createElement()).get());
+    inner.release();
+    if (copies)
+      outer.copy(rows, nullptr);
+    else
+      DataObjectSection::assign(&outer, &rows);
+    ASSERT_EQ(outer.getElementCount(), 3);
+    EXPECT_EQ(outer.getElement(2)->getParentSection(), &outer);
+  }
+}
+
 TEST_F(Section, AnElementThatIsHeldOutlivesItsSection) {
   SmartPtr<DataObject> const leg(add(7));
   order = SmartPtr<GeneratedOrder>();
