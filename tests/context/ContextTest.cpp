@@ -52,22 +52,6 @@ TEST(LookupContext, BindTakesOverWhatItRefuses) {
   EXPECT_EQ(Factory::alive, 0);
 }
 
-TEST(LookupContext, MakesAComponentAtEachTypedLookUp) {
-  SmartPtr<ILookupContext> const directory = LookupContextFactory::getLookupContext();
-  {
-    BoundFormat<TestFormat> format("format");
-    EXPECT_NE(directory->lookupInputFormat("format").get(), directory->lookupInputFormat("format").get());
-    EXPECT_EQ(directory->lookupInputFormat("format")->getName(), "");
-  }
-  directory->bind("other", new Factory);
-  directory->bind("object", new StringObject("no factory"));
-  for (tvstring const name : {"format", "other", "object"})
-    EXPECT_EQ(failureOf<NamingException>([&] { directory->lookupInputFormat(name); }),
-              std::string("cpp/LookupContextImpl:19:Unable to lookup '") + name.c_str() + "'");
-  directory->unbind("other");
-  directory->unbind("object");
-}
-
 TEST(UserClassManager, TheLastRegistrationWins) {
   UserClass const first("test.Class", new Factory);
   UserClass const second("test.Class", new DefaultObjectFactory<TestFormat>);

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "tests/Text.h"
 #include "tests/routing/Routing.h"
 
 namespace tavrone {
@@ -35,7 +36,29 @@ TEST(ByteArrayInputSource, AdoptsSharesOrCopies) {
   EXPECT_EQ(view.getAsBytes(length), shared.data());
   EXPECT_EQ(payload(adopted) + payload(also) + payload(copied) + payload(negative) + payload(null),
             "adoptedalsocopied");
-  EXPECT_EQ(adopted.getAsBinary(), Binary("adopted", 7));
+}
+
+// What a source gives as a value lives on without it, and is shared where that needs no copy.
+TEST(InputSource, SharesCountedStorageAndCopiesTheRest) {
+  char buffer[] = "caller's";
+  Binary const counted("counted", 7), borrowed(buffer, 8, false);
+  tvstring const text("text");
+  struct {
+    SmartPtr<AbstractRawMessage> source;
+    bool shared;
+  } const cases[] = {{new ByteArrayInputSource(counted), true},
+                     {new StringInputSource(text.substr(1)), true},
+                     {new ByteArrayInputSource(borrowed), false},
+                     {new ByteArrayInputSource(onHeap("adopted"), 7), false},
+                     {new StringInputSource(tvstringliteral("static")), false}};
+  for (auto const &c : cases) {
+    int length = 0;
+    char const *const bytes = c.source->getAsBytes(length);
+    Binary const value = c.source->getAsBinary();
+    EXPECT_EQ(value.data() == bytes, c.shared) << c.source->getAsString().c_str();
+    EXPECT_EQ(str(value), std::string(bytes, static_cast<size_t>(length)));
+    EXPECT_EQ(str(c.source->getAsString("UTF-16")), str(value));
+  }
 }
 
 TEST(ByteArrayInputSource, CopiesFreeEachBufferOnce) {
@@ -69,6 +92,7 @@ TEST_F(FileInputSourceTest, ReadsTheWholeFileAndEndsItWithAZero) {
     FileInputSource copy(source), assigned(copy);
     assigned = source;
     for (FileInputSource *each : {&source, &copy, &assigned}) EXPECT_EQ(payload(*each), text);
+    EXPECT_EQ(str(source.getAsBinary()), text);
     int length = 0;
     EXPECT_EQ(assigned.getAsBytes(length)[text.size()], '\0');
   }
