@@ -2,13 +2,13 @@
 // there are.
 #include <cstdint>
 #include <cstdlib>
-#include <string>
 
 #include "tavrone/core/Conversion.h"
 #include "tavrone/core/Exceptions.h"
 #include "tavrone/core/ObjectList.h"
 #include "tavrone/core/ResourceBundle.h"
 #include "tavrone/core/Wrappers.h"
+#include "tests/Text.h"
 
 namespace {
 
@@ -41,8 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
   if (size == 0) return 0;
   tavrone::ObjectList args;
   for (int i = 0; i < data[0] % 4; ++i) args.add(tavrone::IntObject(100 + i));
-  std::string const pattern(reinterpret_cast<char const *>(data) + 1, size - 1);
-  tavrone::tvstring const out = formatMessage(tavrone::tvstring(pattern.data(), pattern.length()), args);
-  if (std::string(out.data(), out.length()) != model(pattern, args)) std::abort();
+  tavrone::tvstring const pattern(reinterpret_cast<char const *>(data) + 1, size - 1);
+  if (str(formatMessage(pattern, args)) != model(str(pattern), args)) std::abort();
   return 0;
 }

@@ -1,5 +1,4 @@
 // Every reader and writer of number text, against the C library and the plain reading rule.
-#include <cstdlib>
 #include <cstring>
 
 #include "tests/core/NumberTextReference.h"
@@ -22,7 +21,8 @@ void checkDouble(double value) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
-  require(readsByTheRules(std::string(reinterpret_cast<char const *>(data), size)));
+  std::string const input(reinterpret_cast<char const *>(data), size);
+  require(readsByTheRules(input) && readsDoubleAsTheCLibraryDoes(input));
 
   if (size < sizeof(uint64_t)) return 0;
   uint64_t bits;

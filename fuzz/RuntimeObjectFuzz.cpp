@@ -3,20 +3,15 @@
 #include <cstdint>
 #include <memory>
 
-#include "tavrone/core/DesignerTypes.h"
 #include "tavrone/core/Exceptions.h"
 #include "tavrone/core/Parsing.h"
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
-  using tavrone::DesignerTypes;
-  static tavrone::tvstring const *const TYPES[] = {
-      &DesignerTypes::STRING_TYPE,      &DesignerTypes::INT_TYPE,         &DesignerTypes::LONG_TYPE,
-      &DesignerTypes::BIG_INTEGER_TYPE, &DesignerTypes::BIG_DECIMAL_TYPE, &DesignerTypes::BINARY_TYPE,
-      &DesignerTypes::FLOAT_TYPE,       &DesignerTypes::DOUBLE_TYPE,      &DesignerTypes::DATE_TIME_TYPE,
-      &DesignerTypes::DATE_ONLY_TYPE,   &DesignerTypes::TIME_ONLY_TYPE,   &DesignerTypes::BOOLEAN_TYPE,
-      &DesignerTypes::CHAR_TYPE,        &DesignerTypes::ISO_DATE_TYPE,    &tavrone::tvstring::EMPTY};
+  static char const *const TYPES[] = {"String",   "Integer", "Long",      "BigInteger", "BigDecimal",
+                                      "Binary",   "Float",   "Double",    "DateTime",   "DateOnly",
+                                      "TimeOnly", "Boolean", "Character", "ISODate",    ""};
   if (size == 0) return 0;
-  tavrone::tvstring const &type = *TYPES[data[0] % std::size(TYPES)];
+  tavrone::tvstring const type = TYPES[data[0] % std::size(TYPES)];
   tavrone::tvstring const text(reinterpret_cast<char const *>(data) + 1, size - 1);
   try {
     std::unique_ptr<tavrone::Object> const object(tavrone::Parsing::toRuntimeObject(text, type));

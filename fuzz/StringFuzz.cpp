@@ -21,10 +21,6 @@ void require(bool holds) {
   if (!holds) std::abort();
 }
 
-int sign(int order) {
-  return (order > 0) - (order < 0);
-}
-
 // Takes numbers from the input; 0 at its end.
 class Choices {
  public:
@@ -51,13 +47,10 @@ void checkSearch(tvstring const &text, std::string const &model, tvstring const 
 }
 
 void checkOrder(tvstring const &a, tvstring const &b) {
-  auto const bySign = [](char x, char y) { return static_cast<signed char>(x) < static_cast<signed char>(y); };
+  auto const bySign = [](char x, char y) { return static_cast<signed char>(x) <=> static_cast<signed char>(y); };
   std::string const x = str(a), y = str(b);
-  int const expected = std::lexicographical_compare(x.begin(), x.end(), y.begin(), y.end(), bySign)   ? -1
-                       : std::lexicographical_compare(y.begin(), y.end(), x.begin(), x.end(), bySign) ? 1
-                                                                                                      : 0;
-  require(sign(a.compare(b)) == expected);
-  require((a == b) == (expected == 0));
+  auto const expected = std::lexicographical_compare_three_way(x.begin(), x.end(), y.begin(), y.end(), bySign);
+  require((a.compare(b) <=> 0) == expected && (a == b) == (expected == 0));
 }
 
 }  // namespace

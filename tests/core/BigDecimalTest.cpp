@@ -10,26 +10,31 @@
 namespace tavrone {
 namespace {
 
-TEST(BigDecimal, TextHasEveryDigitAndNoExponent) {
-  struct {
-    BigDecimal value;
-    char const *text;
-  } const cases[] = {{BigDecimal(), "0"},
-                     {BigDecimal(123.45), "123.45"},
-                     {BigDecimal(0.1F), "0.100000001490116"},
-                     {BigDecimal(-5), "-5"},
-                     {BigDecimal(LLONG_MIN), "-9223372036854775808"},
-                     {BigDecimal(1000000000000000000LL), "1000000000000000000"},
-                     {BigDecimal("1500.00"), "1500"},
-                     {BigDecimal("1.5E-7"), "0.00000015"},
-                     {BigDecimal(BigInteger("12")), "12"},
-                     {BigDecimal(tvstring("price=412.35;").substr(6, 6)), "412.35"}};
-  for (auto const &c : cases) {
-    EXPECT_EQ(c.value.toString(), c.text);
+// Both forms of the numbers' texts, which are alike.
+template <class Number>
+std::string textsOf(std::initializer_list<Number> numbers) {
+  std::string all;
+  for (Number const &number : numbers) {
     char text[64];
-    c.value.toString(text);
-    EXPECT_STREQ(text, c.text);
+    number.toString(text);
+    EXPECT_EQ(number.toString(), text);
+    all += (all.empty() ? "" : " ") + std::string(text);
   }
+  return all;
+}
+
+TEST(BigDecimal, TextHasEveryDigitAndNoExponent) {
+  EXPECT_EQ(textsOf<BigDecimal>({{},
+                                 BigDecimal(123.45),
+                                 BigDecimal(0.1F),
+                                 BigDecimal(-5),
+                                 BigDecimal(LLONG_MIN),
+                                 BigDecimal(1000000000000000000LL),
+                                 BigDecimal("1500.00"),
+                                 BigDecimal("1.5E-7"),
+                                 BigDecimal(BigInteger("12")),
+                                 BigDecimal(tvstring("price=412.35;").substr(6, 6))}),
+            "0 123.45 0.100000001490116 -5 -9223372036854775808 1000000000000000000 1500 0.00000015 12 412.35");
 }
 
 TEST(BigDecimal, ComputesInItsOwnType) {
@@ -61,26 +66,18 @@ TEST(BigDecimal, ToLongFailsAsTheNumberTextDoes) {
 }
 
 TEST(BigInteger, IsAlwaysWhole) {
-  struct {
-    BigInteger value;
-    char const *text;
-  } const cases[] = {{BigInteger(), "0"},
-                     {BigInteger(-5000000000LL), "-5000000000"},
-                     {BigInteger(-1e20), "-100000000000000000000"},
-                     {BigInteger("12.99"), "12"},
-                     {BigInteger(tvstring("-0.5")), "0"},
-                     {BigInteger(BigDecimal("-12.99")), "-12"},
-                     {BigInteger("1E20"), "100000000000000000000"},
-                     {BigInteger(-7) / 2, "-3"},
-                     {BigInteger(-7).rem(2), "-1"},
-                     {BigInteger(-7).abs() * 3, "21"},
-                     {++BigInteger(9), "10"}};
-  for (auto const &c : cases) {
-    EXPECT_EQ(c.value.toString(), c.text);
-    char text[64];
-    c.value.toString(text);
-    EXPECT_STREQ(text, c.text);
-  }
+  EXPECT_EQ(textsOf<BigInteger>({{},
+                                 BigInteger(-5000000000LL),
+                                 BigInteger(-1e20),
+                                 BigInteger("12.99"),
+                                 BigInteger(tvstring("-0.5")),
+                                 BigInteger(BigDecimal("-12.99")),
+                                 BigInteger("1E20"),
+                                 BigInteger(-7) / 2,
+                                 BigInteger(-7).rem(2),
+                                 BigInteger(-7).abs() * 3,
+                                 ++BigInteger(9)}),
+            "0 -5000000000 -100000000000000000000 12 0 -12 100000000000000000000 -3 -1 21 10");
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 
+#include "tests/Cases.h"
 #include "tests/Failure.h"
 #include "tests/core/CommaLocale.h"
 #include "tests/core/NumberTextReference.h"
@@ -17,31 +18,23 @@ namespace tavrone {
 namespace {
 
 TEST(Conversion, ReadsIntegersAndNamesWhatItCannotRead) {
-  struct {
-    char const *text, *asInt, *asLong;
-  } const cases[] = {
-      {"-", "0", "0"},
-      {"+7", "7", "7"},
-      {"-2147483648", "-2147483648", "-2147483648"},
-      {"2147483648", "Integer overflow. Cannot convert '2147483648' to int", "2147483648"},
-      {"9999999999", "1410065407", "9999999999"},  // wraps past the sign test unnoticed
-      {"", "Cannot convert '' to int", "Cannot convert '' to long"},
-      {"12a", "Cannot convert '12a' to int", "Cannot convert '12a' to long"},
-      {"--1", "Cannot convert '--1' to int", "Cannot convert '--1' to long"},
-      // After the tenth digit the wrapped value is positive: a further digit overflows, a letter is a bad character.
-      {"30000000000x", "Integer overflow. Cannot convert '30000000000x' to int",
-       "Cannot convert '30000000000x' to long"},
-      {"3000000000x", "Cannot convert '3000000000x' to int", "Cannot convert '3000000000x' to long"},
-      {"-9223372036854775808", "Integer overflow. Cannot convert '-9223372036854775808' to int",
-       "-9223372036854775808"},
-      {"9223372036854775808", "Integer overflow. Cannot convert '9223372036854775808' to int",
-       "Long overflow. Cannot convert '9223372036854775808' to long"},
-      {"20000000000000000000", "Integer overflow. Cannot convert '20000000000000000000' to int", "1553255926290448384"},
-  };
-  for (auto const &c : cases) {
-    EXPECT_EQ(readingOf(t_atoi, c.text), c.asInt);
-    EXPECT_EQ(readingOf(t_atol, c.text), c.asLong);
-  }
+  auto const asInt = [](auto &in) { return readingOf(t_atoi, in.str()); };
+  auto const asLong = [](auto &in) { return readingOf(t_atol, in.str()); };
+  // "9999999999" wraps past the sign test unnoticed. After the tenth digit the wrapped value is positive: a further
+  // digit overflows, a letter is a bad character.
+  expectEach(
+      {"- -> 0", "+7 -> 7", "-2147483648 -> -2147483648", "9999999999 -> 1410065407", " -> Cannot convert '' to int",
+       "12a -> Cannot convert '12a' to int", "--1 -> Cannot convert '--1' to int",
+       "2147483648 -> Integer overflow. Cannot convert '2147483648' to int",
+       "30000000000x -> Integer overflow. Cannot convert '30000000000x' to int",
+       "3000000000x -> Cannot convert '3000000000x' to int"},
+      asInt);
+  expectEach({"- -> 0", "+7 -> 7", "-9223372036854775808 -> -9223372036854775808",
+              "20000000000000000000 -> 1553255926290448384",
+              "9223372036854775808 -> Long overflow. Cannot convert '9223372036854775808' to long",
+              " -> Cannot convert '' to long", "12a -> Cannot convert '12a' to long",
+              "30000000000x -> Cannot convert '30000000000x' to long"},
+             asLong);
   EXPECT_EQ(failureOf<TransformException>([] { t_atoi(nullptr, nullptr); }).source, "cpp/Conversion");
 }
 

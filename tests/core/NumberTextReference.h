@@ -3,10 +3,12 @@
 #include <bit>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include "tavrone/core/Conversion.h"
 #include "tavrone/core/Exceptions.h"
+#include "tavrone/core/Parsing.h"
 #include "tests/Text.h"
 
 namespace tavrone {
@@ -45,6 +47,17 @@ std::string readingOf(Reader reader, std::string const &text) {
 
 inline bool readsByTheRules(std::string const &text) {
   return readingOf(t_atoi, text) == referenceReading(text, 32) && readingOf(t_atol, text) == referenceReading(text, 64);
+}
+
+// Whether parseDouble gives what strtod does, bit for bit, on whatever passes the character check.
+inline bool readsDoubleAsTheCLibraryDoes(std::string const &text) {
+  bool const allowed = text.find_first_not_of("0123456789+-.eE") == std::string::npos;
+  try {
+    double const value = Parsing::parseDouble(tvstring(text.data(), text.length()));
+    return allowed && std::bit_cast<uint64_t>(value) == std::bit_cast<uint64_t>(std::strtod(text.c_str(), nullptr));
+  } catch (TransformException const &) {
+    return !allowed;
+  }
 }
 
 // What the C library prints for "%.8f", trimmed.
