@@ -1,6 +1,8 @@
 #pragma once
 
+#include <ostream>
 #include <string>
+#include <string_view>
 #include <typeinfo>
 
 #include "tavrone/core/Exceptions.h"
@@ -8,11 +10,15 @@
 
 namespace tavrone {
 
-// What a call raised; all empty when it raised nothing.
+// What a call raised; all empty when it raised nothing. Equal to its form in a trace: "cpp/Source:12:text".
 struct Failure {
   std::string text{};
   std::string source{};
   int line = 0;
+
+  std::string shown() const { return source.empty() ? text : source + ':' + std::to_string(line) + ':' + text; }
+  friend bool operator==(Failure const &failure, std::string_view shown) { return failure.shown() == shown; }
+  friend std::ostream &operator<<(std::ostream &out, Failure const &failure) { return out << failure.shown(); }
 };
 
 // Runs the call, which is to raise exactly an E; a failure of another class shows that class's name as its text.

@@ -46,11 +46,9 @@ TEST(TransformContext, HoldsOneReferenceOnEachObject) {
 TEST(TransformContext, TakesOutputOnlyWhenAskedTo) {
   TransformContext context;
   auto const refused = [&] {
-    Failure const f = failureOf<TransformException>([&] { context.getOutputContext(); });
-    EXPECT_EQ(f.text,
-              "The transform context cannot accept output. Make sure that you call createOutputContext() on the "
-              "TransformContext if output is expected");
-    return f.source == "cpp/TransformContext" && f.line == 56;
+    return failureOf<TransformException>([&] { context.getOutputContext(); }) ==
+           "cpp/TransformContext:56:The transform context cannot accept output. Make sure that you call "
+           "createOutputContext() on the TransformContext if output is expected";
   };
   EXPECT_TRUE(refused());
   context.createOutputContext();

@@ -50,27 +50,24 @@ TEST(Binary, ComparesForEqualityButDoesNotOrder) {
 }
 
 TEST(Binary, ReadsHexAndBase64Leniently) {
-  struct {
-    char const *text;
-    tvstring bytes;
-  } const hex[] = {{"00ff7Fe9", tvstring("\0\xFF\x7F\xE9", 4)},
-                   {"414", "A"},
-                   {"4", ""},
-                   {"G0", tvstring(1, '\0')},
-                   {" 1", "\x91"},
-                   {"\xE9\x31", "\x21"}},
-          base64[] = {{"QQ==", "A"},
-                      {"QUI=", "AB"},
-                      {"+/+/", "\xFB\xFF\xBF"},
-                      {"Q", ""},  // values missing at the end
-                      {"QUI", "AB"},
-                      {"QUJDR", "ABC"},
-                      {"=QUJD", ""},  // the first '=' ends it
-                      {"QQ=Q", "A"},
-                      {" Q\r\nU.J-D\t", "ABC"},  // what is skipped
-                      {"QU\xE9JD\xFF", "ABC"}};
-  for (auto const &c : hex) EXPECT_EQ(str(Binary::fromHexString(c.text)), str(c.bytes)) << c.text;
-  for (auto const &c : base64) EXPECT_EQ(str(Binary::fromBase64String(c.text)), str(c.bytes)) << c.text;
+  std::pair<char const *, tvstring> const hex[] = {{"00ff7Fe9", tvstring("\0\xFF\x7F\xE9", 4)},
+                                                   {"414", "A"},
+                                                   {"4", ""},
+                                                   {"G0", tvstring(1, '\0')},
+                                                   {" 1", "\x91"},
+                                                   {"\xE9\x31", "\x21"}},
+                                          base64[] = {{"QQ==", "A"},
+                                                      {"QUI=", "AB"},
+                                                      {"+/+/", "\xFB\xFF\xBF"},
+                                                      {"Q", ""},  // values missing at the end
+                                                      {"QUI", "AB"},
+                                                      {"QUJDR", "ABC"},
+                                                      {"=QUJD", ""},  // the first '=' ends it
+                                                      {"QQ=Q", "A"},
+                                                      {" Q\r\nU.J-D\t", "ABC"},  // what is skipped
+                                                      {"QU\xE9JD\xFF", "ABC"}};
+  for (auto const &[text, bytes] : hex) EXPECT_EQ(str(Binary::fromHexString(text)), str(bytes)) << text;
+  for (auto const &[text, bytes] : base64) EXPECT_EQ(str(Binary::fromBase64String(text)), str(bytes)) << text;
   EXPECT_EQ(str(Binary("\xAB\x01\xEF").toHexString()), "AB01EF");
 }
 

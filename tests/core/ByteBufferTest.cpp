@@ -32,6 +32,12 @@ TEST(ByteBuffer, DoublesOrJumpsToWhatIsNeeded) {
   buffer.expandCapacity(118);
   EXPECT_EQ(buffer.capacity(), 234);
   EXPECT_EQ(buffer.toString(), "abcdefghijklmnopq" + tvstring(100, 'x'));
+
+  ByteBuffer own(4);
+  own.append(tvstring("abc"));
+  own.append(own);
+  own.append(own.str() + 2, 4);
+  EXPECT_EQ(own.toString(), "abcabccabc");
 }
 
 TEST(ByteBuffer, HostileSizesChangeNothing) {
@@ -72,14 +78,6 @@ TEST(ByteBuffer, WritesNumbersAsDecimalText) {
   EXPECT_EQ(buffer.toString(), "-12|12345678901231.51,5-0;251.5nan");
   EXPECT_EQ(ByteBuffer::floatToIntBits(-2.0f), static_cast<int>(0xC0000000));
   EXPECT_EQ(ByteBuffer::longBitsToDouble(ByteBuffer::doubleToLongBits(1.5)), 1.5);
-}
-
-TEST(ByteBuffer, OwnBytesAreAppendedAcrossGrowth) {
-  ByteBuffer buffer(4);
-  buffer.append(tvstring("abc"));
-  buffer.append(buffer);
-  buffer.append(buffer.str() + 2, 4);
-  EXPECT_EQ(buffer.toString(), "abcabccabc");
 }
 
 TEST(ByteBuffer, OnlyTheSourceOwnsAndWhoDoesNotMovesAwayToWrite) {

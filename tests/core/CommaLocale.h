@@ -9,15 +9,10 @@
 
 namespace tavrone {
 
-// Puts the process under a locale that writes "1,5" while it lives: one of the machine's, or one made by localedef in a
-// temporary folder.
+// Puts the process under a locale that writes "1,5" while it lives, made by localedef in a temporary folder.
 class CommaLocale {
  public:
-  CommaLocale() : before_(std::setlocale(LC_NUMERIC, nullptr)) {
-    for (char const *name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8"})
-      if (use(name)) return;
-    make();
-  }
+  CommaLocale() : before_(std::setlocale(LC_NUMERIC, nullptr)) { make(); }
   ~CommaLocale() {
     std::setlocale(LC_NUMERIC, before_.c_str());
     if (folder_.empty()) return;
@@ -31,10 +26,6 @@ class CommaLocale {
   bool active() const { return active_; }
 
  private:
-  bool use(char const *name) {
-    active_ = std::setlocale(LC_NUMERIC, name) != nullptr && std::strcmp(std::localeconv()->decimal_point, ",") == 0;
-    return active_;
-  }
   void make() {
     char folder[] = "/tmp/tavrone-locale-XXXXXX";
     if (mkdtemp(folder) == nullptr) return;
@@ -45,7 +36,7 @@ class CommaLocale {
     // It warns of the categories that are left out, and says so in its result: what counts is whether the locale works.
     [[maybe_unused]] int const result = std::system((command + " >/dev/null 2>&1").c_str());
     setenv("LOCPATH", folder_.c_str(), 1);
-    use("comma");
+    active_ = std::setlocale(LC_NUMERIC, "comma") != nullptr && std::strcmp(std::localeconv()->decimal_point, ",") == 0;
   }
 
   std::string before_;

@@ -35,51 +35,39 @@ TYPED_TEST(ExceptionClasses, KeepsClassTextTraceCodeAndRecordInItsClone) {
     EXPECT_EQ(Class(typeid(copy)), Class(typeid(TypeParam)));
     EXPECT_EQ(copy.getMessage(), "No section with name 'Legs'.");
     EXPECT_EQ(copy.getTraceString(), "cpp/Source:12:");
+    EXPECT_EQ(copy.toString(), record != nullptr ? e.toString() : tvstring(typeid(e).name()) + ":" + e.getMessage());
     EXPECT_EQ(copy.toString(), e.toString());
-    if (record != nullptr) {
-      EXPECT_EQ(record->getErrorCode(), "SRT38");
-    }
+    EXPECT_EQ(record == nullptr ? "SRT38" : record->getErrorCode(), "SRT38");
   }
-}
-
-TEST(Exceptions, ShowClassAndText) {
-  EXPECT_EQ(IllegalArgumentException("wrong").toString(), tvstring(typeid(IllegalArgumentException).name()) + ":wrong");
 }
 
 TEST(Exceptions, RaiseStampsTheCallersLine) {
   int const line = __LINE__ + 1;
-  auto const failure = failureOf<InternalError>([] { raise<InternalError>("x", "cpp/Here"); });
-  EXPECT_EQ(failure.source, "cpp/Here");
-  EXPECT_EQ(failure.line, line);
+  EXPECT_EQ(failureOf<InternalError>([] { raise<InternalError>("x", "cpp/Here"); }),
+            "cpp/Here:" + std::to_string(line) + ":x");
   ExceptionTrace trace;
   trace.setFileName("cpp/Source");
   EXPECT_EQ(trace.getTraceString(), "");
 }
 
-TEST(Exceptions, CopiesShareTheNestedFailure) {
-  auto *detail = new InternalError("inner");
-  auto outer = std::make_unique<Exception>("outer", detail);
+TEST(Exceptions, NestACloneThatCopiesShare) {
+  auto outer = std::make_unique<Exception>("outer");
+  EXPECT_EQ(outer->getDetail(), nullptr);
+  for (char const *text : {"first", "second"}) {
+    TransformRuntimeException detail(text);
+    outer->setDetail(detail);
+  }
+  Exception const *inner = outer->getDetail();
+  outer->setDetail(*outer);
   Exception const copy(*outer);
   Exception assigned("other", new InternalError("dropped"));
   assigned = *outer;
+  EXPECT_EQ(copy.getDetail(), outer->getDetail());
   outer.reset();
-  EXPECT_EQ(copy.getDetail(), detail);
-  EXPECT_EQ(assigned.getDetail(), detail);
   EXPECT_EQ(assigned.getMessage(), "outer");
-}
-
-TEST(Exceptions, NestAClone) {
-  Exception outer("outer");
-  EXPECT_EQ(outer.getDetail(), nullptr);
-  for (char const *text : {"first", "second"}) {
-    TransformRuntimeException inner(text);
-    outer.setDetail(inner);
-  }
-  Exception const *borrowed = outer.getDetail();
-  outer.setDetail(outer);
-  EXPECT_EQ(outer.getDetail()->getDetail(), borrowed);
-  EXPECT_EQ(borrowed->getMessage(), "second");
-  EXPECT_TRUE(typeid(*borrowed) == typeid(TransformRuntimeException));
+  EXPECT_EQ(assigned.getDetail()->getDetail(), inner);
+  EXPECT_EQ(inner->getMessage(), "second");
+  EXPECT_TRUE(typeid(*inner) == typeid(TransformRuntimeException));
 }
 
 TEST(TransformExceptions, AreFatalAndCascadableAndRenderTheirRecord) {
@@ -124,8 +112,7 @@ TEST(TransformExceptions, KeepANullMessage) {
   SmartPtr<TransformException> const clone(checkedCast<TransformException>(e.clone()));
   for (TransformException const *null : {&e, &copy, const_cast<TransformException const *>(clone.get())}) {
     Failure const failure = failureOf<FieldNullException>([&] { null->getMessage(); });
-    EXPECT_EQ(failure.text, "Attempt to access field 'Message' with null value");
-    EXPECT_EQ(failure.line, 167);
+    EXPECT_EQ(failure.text + std::to_string(failure.line), "Attempt to access field 'Message' with null value167");
   }
   EXPECT_EQ(failureOf<FieldNullException>([&] { TransformException("x").addAll(e); }).line, 167);
 }
@@ -180,15 +167,11 @@ TEST(TransformExceptions, SomeTakeMoreThanAText) {
   FIXParsingException const again(line);
   EXPECT_EQ(again.toString(), line.toString());
   EXPECT_EQ(again.getColumn(), 4);
-}
-
-TEST(TransformExceptions, HaveOneCount) {
-  auto *e = new NamingException("x");
-  SmartPtr<Object> const object(e);
-  SmartPtr<TransformException> const failure(e);
-  SmartPtr<ExceptionDataObject> const record(e);
-  EXPECT_EQ(e->getRefCount(), 3);
-  EXPECT_EQ(NamingException(*e).getRefCount(), 0);
+  // One count, whichever base counts.
+  SmartPtr<TransformException> const failure(copy.get());
+  SmartPtr<ExceptionDataObject> const record(copy.get());
+  EXPECT_EQ(copy->getRefCount(), 3);
+  EXPECT_EQ(FCSParseException(*copy).getRefCount(), 0);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "tavrone/core/TList.h"
 #include "tavrone/core/Wrappers.h"
 #include "tests/Text.h"
+#include "tests/Tracked.h"
 
 namespace tavrone {
 namespace {
@@ -109,25 +110,21 @@ TEST(ArrayList, GrowsByTenAndTakesItsOwnElements) {
   EXPECT_EQ(&texts.at(0), first);
 }
 
-class Counted : public ObjectRef {
- public:
-  explicit Counted(int &alive) : alive_(alive) { ++alive_; }
-  Counted(Counted const &other) : Object(), ObjectRef(), alive_(other.alive_) { ++alive_; }
-  ~Counted() noexcept(false) override { --alive_; }
-  Object *clone() const override { return new Counted(*this); }
+struct Cloneable : ObjectRef {
+  Object *clone() const override;
   tvstring toString() const override { return "counted"; }
-
- private:
-  int &alive_;
 };
+using Counted = Tracked<Cloneable>;
+Object *Cloneable::clone() const {
+  return new Counted;
+}
 
 TEST(ObjectList, OwnsItsElementsAndClonesThem) {
-  int alive = 0;
   {
     ObjectList objects;
     EXPECT_BAD_SUBSCRIPT(objects.at(0));
     EXPECT_EQ(objects.getListPtr()->getRefCount(), 2);  // the list's and this pointer's
-    objects.add(new Counted(alive));
+    objects.add(new Counted);
     objects.add(IntObject(5));
     objects.add(nullptr);
     EXPECT_EQ(str(objects.toString()), "[counted, 5, null]");
@@ -138,34 +135,33 @@ TEST(ObjectList, OwnsItsElementsAndClonesThem) {
     ObjectList shared = objects;
     objects = *&objects;
     std::unique_ptr<Object> const clone(objects.clone());
-    EXPECT_EQ(alive, 2);
+    EXPECT_EQ(Counted::alive, 2);
     shared.clear();
-    EXPECT_EQ(alive, 1);
+    EXPECT_EQ(Counted::alive, 1);
     EXPECT_EQ(objects.size(), 0);
     EXPECT_EQ(str(clone->toString()), "[counted, 5, null]");
   }
-  EXPECT_EQ(alive, 0);
+  EXPECT_EQ(Counted::alive, 0);
 }
 
 TEST(SmallStringMap, HoldsOneReferenceOnEachValue) {
-  int alive = 0;
   {
     SmallStringMap map;
-    Counted *first = new Counted(alive);
+    Counted *first = new Counted;
     map.put("a", first);
     map.put("b", nullptr);
     map.put("a", first);
     EXPECT_EQ(first->getRefCount(), 1);
     SmallStringMap const copy(map);
     EXPECT_EQ(first->getRefCount(), 2);
-    map.put("a", new Counted(alive));
+    map.put("a", new Counted);
     EXPECT_EQ(copy.get("a"), first);
     EXPECT_NE(map.get("a"), first);
     EXPECT_EQ(map.get("b"), nullptr);
     EXPECT_EQ(map.get("ab"), nullptr);
-    EXPECT_EQ(alive, 2);
+    EXPECT_EQ(Counted::alive, 2);
   }
-  EXPECT_EQ(alive, 0);
+  EXPECT_EQ(Counted::alive, 0);
 }
 
 }  // namespace

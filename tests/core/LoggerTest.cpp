@@ -25,20 +25,14 @@ void writeAll(Logger const &log) {
 }
 
 TEST(Logger, WritesWhatItsLevelAllows) {
-  struct {
-    int level;
-    char const *lines;
-  } const cases[] = {{0, ""},
-                     {1, "[ERROR] e\n[ERROR] E\n"},
-                     {2, "[ERROR] e\n[WARN] w\n[ERROR] E\n[WARN] W\n"},
-                     {4, "[ERROR] e\n[WARN] w\n[INFO] i\n[ERROR] E\n[WARN] W\n[INFO] I\n"},
-                     {5,
-                      "[ERROR] e\n[WARN] w\n[INFO] i\n[DEBUG] d\n"
-                      "[ERROR] E\n[WARN] W\n[INFO] I\n[DEBUG] D\n"}};
-  for (auto const &c : cases) {
-    Logger const log(new SimpleLogger("x", nullptr, T_LOG_LEVEL(c.level)));
-    EXPECT_EQ(printed(log, writeAll), c.lines) << c.level;
-  }
+  std::pair<int, char const *> const cases[] = {
+      {0, ""},
+      {1, "[ERROR] e\n[ERROR] E\n"},
+      {2, "[ERROR] e\n[WARN] w\n[ERROR] E\n[WARN] W\n"},
+      {4, "[ERROR] e\n[WARN] w\n[INFO] i\n[ERROR] E\n[WARN] W\n[INFO] I\n"},
+      {5, "[ERROR] e\n[WARN] w\n[INFO] i\n[DEBUG] d\n[ERROR] E\n[WARN] W\n[INFO] I\n[DEBUG] D\n"}};
+  for (auto const &[level, lines] : cases)
+    EXPECT_EQ(printed(Logger(new SimpleLogger("x", nullptr, T_LOG_LEVEL(level))), writeAll), lines) << level;
 }
 
 TEST(Logger, WritesTheTextByteForByte) {
@@ -101,15 +95,13 @@ TEST(LogFactory, KeepsOneLoggerForEachCategory) {
 }
 
 TEST(LoggingConstants, NameTheLibrarysCategories) {
-  struct {
-    Logger log;
-    char const *category;
-  } const cases[] = {{LoggingConstants::getRuntimeLog(), "tavrone.runtime"},
-                     {LoggingConstants::getMessageFlowLog("F1"), "tavrone.runtime.messageflow.F1"},
-                     {LoggingConstants::getMessageLog("M1"), "tavrone.runtime.message.M1"},
-                     {LoggingConstants::getMappingLog("P1"), "tavrone.runtime.mapping.P1"}};
-  for (auto const &c : cases)
-    EXPECT_EQ(&c.log.getCategoryName(), &LogFactory::getLog(c.category).getCategoryName()) << c.category;
+  std::pair<Logger, char const *> const cases[] = {
+      {LoggingConstants::getRuntimeLog(), "tavrone.runtime"},
+      {LoggingConstants::getMessageFlowLog("F1"), "tavrone.runtime.messageflow.F1"},
+      {LoggingConstants::getMessageLog("M1"), "tavrone.runtime.message.M1"},
+      {LoggingConstants::getMappingLog("P1"), "tavrone.runtime.mapping.P1"}};
+  for (auto const &[log, category] : cases)
+    EXPECT_EQ(&log.getCategoryName(), &LogFactory::getLog(category).getCategoryName()) << category;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "tavrone/core/SmartPtr.h"
 #include "tavrone/dataobject/DataObjectSectionImpl.h"
 #include "tests/Failure.h"
+#include "tests/Tracked.h"
 
 namespace tavrone {
 namespace {
@@ -99,36 +100,28 @@ TEST(Wrappers, FailOnEveryOtherTypeAndKeepTheirValue) {
   EXPECT_EQ(failureOf<TransformException>([] { IntObject(5).getString(); }).text, "Cannot convert Integer to String");
 }
 
-// Counts how many of it are alive.
-class CountedSection : public DataObjectSectionImpl {
- public:
-  explicit CountedSection(int &alive) : alive_(alive) { ++alive_; }
-  CountedSection(CountedSection const &) = delete;
-  CountedSection &operator=(CountedSection const &) = delete;
-  ~CountedSection() noexcept(false) override { --alive_; }
+struct NamedSection : DataObjectSectionImpl {
   tvstring toString() override { return "the section"; }
-
- private:
-  int &alive_;
 };
+using Counted = Tracked<NamedSection>;
 
 TEST(SectionObject, DeletesOnlyWhatItOwns) {
-  int alive = 0;
-  CountedSection borrowed(alive);
+  int const &alive = Counted::alive;
+  Counted borrowed;
   {
     SectionObject holder(borrowed);
-    holder.setSection(new CountedSection(alive), true);
+    holder.setSection(new Counted, true);
     EXPECT_EQ(alive, 2);
     holder.setSection(&borrowed);
     EXPECT_EQ(alive, 1);
-    holder.setSection(new CountedSection(alive), false);
+    holder.setSection(new Counted, false);
     holder.setSection(holder.getSection(), true);  // now it is owned
     holder.setSection(*holder.getSection());       // and stays so
     holder.setObject(&holder);
     EXPECT_EQ(alive, 2);
 
     SectionObject const copy(holder);
-    SectionObject assigned(new CountedSection(alive), true);
+    SectionObject assigned(new Counted, true);
     assigned = holder;
     SmartPtr<Object> const clone(holder.clone());
     assigned.setObject(clone.get());
@@ -137,16 +130,13 @@ TEST(SectionObject, DeletesOnlyWhatItOwns) {
     EXPECT_EQ(clone->getObjectType(), "Section");
   }
   EXPECT_EQ(alive, 1);
-}
 
-TEST(SectionObject, TakesOnlySections) {
-  SectionObject section;
-  EXPECT_EQ(section.toString(), "");
+  SectionObject empty;
+  EXPECT_EQ(empty.toString(), "");
   IntObject const number(1);
-  EXPECT_THAT(failureOf<ClassCastException>([&] { section.setObject(&number); }).text,
-              testing::StartsWith("Cannot cast "));
-  EXPECT_THAT(failureOf<ClassCastException>([&] { section.setObject(nullptr); }).text,
-              testing::StartsWith("Cannot cast NULL to "));
+  for (Object const *other : {static_cast<Object const *>(&number), static_cast<Object const *>(nullptr)})
+    EXPECT_THAT(failureOf<ClassCastException>([&] { empty.setObject(other); }).text,
+                testing::StartsWith(other == nullptr ? "Cannot cast NULL to " : "Cannot cast "));
 }
 
 }  // namespace

@@ -135,16 +135,14 @@ TEST(tvstring, WritesIntoItsOwnArrayOnlyWhereNobodySharesIt) {
 TEST(tvstring, FindsBytesAsSignedAndTextsFromBothEnds) {
   tvstring const text("abcabc\xE9");
   tvstring const empty;
-  struct {
-    size_t found, expected;
-  } const cases[] = {
+  std::pair<size_t, size_t> const cases[] = {
       {text.find('b'), 1},      {text.find('b', 2), 4},       {text.find('b', 99), NPOS}, {text.find(0xE9 - 256), 6},
       {text.find(0xE9), NPOS},  {text.find('b' + 256), NPOS}, {text.find("bc", 2), 4},    {text.find("bc", 5), NPOS},
       {text.find("", 3), 3},    {text.find("", 7), NPOS},     {empty.find("", 1), NPOS},  {empty.find(""), 0},
       {empty.find("a"), NPOS},  {text.rfind('a'), 3},         {text.rfind('a', 2), 0},    {text.rfind('x'), NPOS},
       {empty.rfind('a'), NPOS}, {text.rfind("bc"), 4},        {text.rfind("bc", 3), 1},   {text.rfind("bc", 0), NPOS},
       {text.rfind("bca"), 1},   {text.rfind("", 2), 2},       {empty.rfind(""), 0},       {empty.rfind("abc"), NPOS}};
-  for (auto const &c : cases) EXPECT_EQ(c.found, c.expected) << "case " << &c - cases;
+  for (auto const &c : cases) EXPECT_EQ(c.first, c.second) << "case " << &c - cases;
 }
 
 TEST(tvstring, ComparesBytesAsSigned) {

@@ -12,6 +12,7 @@
 #include "tavrone/pipeline/IInputFormat.h"
 #include "tavrone/pipeline/InputSources.h"
 #include "tavrone/routing/MessageRouter.h"
+#include "tests/Failure.h"
 
 namespace tavrone {
 
@@ -105,17 +106,5 @@ class BoundFormat {
   };
   tvstring name_;
 };
-
-template <class E, class Action>
-std::string failureOf(Action action) {
-  try {
-    action();
-  } catch (E const &failure) {
-    if (typeid(failure) != typeid(E)) return "a failure of another class";
-    tvstring const text = failure.getTraceString() + failure.getMessage();
-    return std::string(text.data(), text.length());
-  }
-  return "no failure";
-}
 
 }  // namespace tavrone
