@@ -1,0 +1,42 @@
+#pragma once
+
+#include "examples/messages/Order.h"
+
+namespace examples {
+
+// Reads an order from a line of eleven fields:
+//
+//   OrderID|Account|Symbol|Side|Quantity|Price|TradeDate|TransactTime|AllOrNone|Legs|Text
+//
+// Dates are written 20240315, times 20240315-14:30:00, legs SYMBOL:RATIO:PRICE with commas between them. TradeDate and
+// the fields from AllOrNone on may be empty.
+//
+// Every field that cannot be read goes to the exception handler, with its name, its place in the line and the error
+// type "Required" or "Parsing". If the handler lets the parser go on, the field stays null.
+class OrderLineParser : public InputParser {
+ public:
+  ~OrderLineParser() noexcept(false) override = default;
+
+  using InputParser::parse;
+  // The data part of the object must be an Order.
+  void parse(ExternalObject *object, Binary const &bytes, TransformContext &context) override;
+  ExternalObject *parse(Binary const &bytes, TransformContext &context) override;
+
+  // What both come down to. The texts of the order are views on the line's storage.
+  void parseOrder(Order &order, tvstring const &line, TransformContext &context);
+};
+
+// The input channel: one order a line, for the internal message "Order".
+class OrderLineFormat : public AbstractInputFormat {
+ public:
+  OrderLineFormat() : AbstractInputFormat("Order") {}
+  ~OrderLineFormat() noexcept(false) override = default;
+
+  void parseInput(InputSource &input, DataObject *object, TransformContext &context) override;
+  DataObject *createInputObject() override { return new Order; }
+
+ private:
+  OrderLineParser parser_;
+};
+
+}  // namespace examples

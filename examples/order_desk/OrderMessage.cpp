@@ -1,0 +1,83 @@
+#include "examples/order_desk/OrderMessage.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace examples {
+
+namespace {
+
+[[maybe_unused]] bool const BOUND = LookupContextFactory::bindFactory<OrderMessage>("Order");
+
+constexpr int MAX_QUANTITY = 1'000'000;
+constexpr double MAX_PRICE = 100'000;
+
+// Two capital letters, a hyphen and digits. By ranges: what the process locale calls a letter must not matter.
+bool isAccount(tvstring const &text) {
+  std::string_view const account(text.data(), text.length());
+  auto const isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
+  auto const isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  return account.size() > 3 && std::all_of(account.begin(), account.begin() + 2, isCapital) && account[2] == '-' &&
+         std::all_of(account.begin() + 3, account.end(), isDigit);
+}
+
+struct Check {
+  char const *code;
+  char const *rule;
+  char const *field;
+  bool (*holds)(Order const &order);
+};
+
+constexpr Check CHECKS[] = {
+    {"ORD-01", "AccountForm", "Account", [](Order const &o) { return isAccount(o.get<"Account">()); }},
+    {"ORD-02", "BuyOrSell", "Side", [](Order const &o) { return o.get<"Side">() == 'B' || o.get<"Side">() == 'S'; }},
+    {"ORD-03", "QuantityLimit", "Quantity",
+     [](Order const &o) { return o.get<"Quantity">() > 0 && o.get<"Quantity">() <= MAX_QUANTITY; }},
+    {"ORD-04", "PriceLimit", "Price",
+     [](Order const &o) { return o.get<"Price">() > 0 && o.get<"Price">() <= MAX_PRICE; }},
+    {"ORD-05", "TradedThatDay", "TradeDate",
+     [](Order const &o) { return o.get<"TradeDate">().getDatePortion() == o.get<"TransactTime">().getDatePortion(); }},
+    {"ORD-06", "LegRatios", "Legs",
+     [](Order const &o) {
+       auto const &legs = o.section<"Legs">();
+       return std::all_of(legs.begin(), legs.end(), [](Leg const &leg) { return leg.get<"Ratio">() != 0; });
+     }},
+};
+
+}  // namespace
+
+void OrderDefaults::process(DataObject *object) {
+  Order &order = *checkedCast<Order>(object);
+  if (order.isNull<"TradeDate">())
+    order.set<"TradeDate">(DateTime(order.get<"TransactTime">().getDatePortion(), Time()));
+  if (order.isNull<"AllOrNone">()) order.set<"AllOrNone">(false);
+  order.set<"ExecutedQuantity">(0);
+}
+
+void OrderChecks::validate(DataObject *object) {
+  Order const &order = *checkedCast<Order>(object);
+  for (Check const &check : CHECKS) {
+    // A handler that collects lets the next check run; the one that stops throws from here.
+    try {
+      if (!check.holds(order)) throwFieldInvalid(check.rule, check.field);
+    } catch (TransformException &failure) {
+      failure.setInternalCode(check.code);
+      failure.fillErrorType(ExceptionObject::ERROR_TYPE_VALIDATION);
+      exceptionHandler->onException(&failure);
+    }
+  }
+}
+
+void OrderNotional::process(DataObject *object) {
+  Order &order = *checkedCast<Order>(object);
+  // Exact: a product of doubles would be off in the last place.
+  order.set<"Notional">(BigDecimal(order.get<"Quantity">()) * BigDecimal(order.get<"Price">()));
+}
+
+OrderMessage::OrderMessage() : AbstractInternalMessage("Order") {
+  addProcessing(PREPROCESSING_NODE_NAME, new OrderDefaults);
+  addValidator("Default", new OrderChecks);
+  addProcessing(POSTPROCESSING_NODE_NAME, new OrderNotional);
+}
+
+}  // namespace examples

@@ -1,0 +1,42 @@
+# Runs the order desk as a user would, and again where no file can be written.
+
+function(run result output)
+  file(REMOVE_RECURSE ${out})
+  execute_process(COMMAND ${ARGN} --out ${out} ${data}/orders.txt ${data}/broken_orders.txt
+                  RESULT_VARIABLE status OUTPUT_VARIABLE text ERROR_VARIABLE text)
+  if(NOT status EQUAL 0)
+    message(FATAL_ERROR "Ended with ${status}:\n${text}")
+  endif()
+  file(GLOB files RELATIVE ${out} ${out}/* ${out}/.*.part)
+  set(${result} "${files}" PARENT_SCOPE)
+  set(${output} "${text}" PARENT_SCOPE)
+endfunction()
+
+function(expect_end text end)
+  string(FIND "${text}" "\n${end}\n" position REVERSE)
+  string(LENGTH "${text}" length)
+  string(LENGTH "\n${end}\n" end_length)
+  math(EXPR last "${length} - ${end_length}")
+  if(NOT position EQUAL last)
+    message(FATAL_ERROR "Does not end with \"${end}\":\n${text}")
+  endif()
+endfunction()
+
+run(files text ${program})
+list(LENGTH files count)
+expect_end("${text}" "55 messages: 27 tickets in memory, 9 in files, 19 refused with 33 failures")
+if(NOT count EQUAL 9 OR files MATCHES "[.]part")
+  message(FATAL_ERROR "Files of 9 tickets were expected: ${files}")
+endif()
+file(READ ${out}/orders.txt-11.ticket ticket)
+set(expected "TICKET;orders.txt:11;T-ORD-1011;FB-507;BUY;25000;XOM;2798750;20240315;Work over the day;END\n")
+if(NOT ticket STREQUAL expected)
+  message(FATAL_ERROR "The ticket is \"${ticket}\"")
+endif()
+
+# A limit of 0 on the size of files fails every write, also root's; the signal that goes with it is ignored.
+run(files text sh -c "trap '' XFSZ && ulimit -f 0 && exec \"$@\"" sh ${program})
+if(NOT files STREQUAL "" OR NOT text MATCHES "! Output Writing +Output +Cannot write [^\n]*/orders.txt-11.ticket: ")
+  message(FATAL_ERROR "Failed writes left ${files}:\n${text}")
+endif()
+file(REMOVE_RECURSE ${out})
