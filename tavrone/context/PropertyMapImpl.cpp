@@ -120,7 +120,7 @@ void PropertyMapImpl::addEntry(EntryImpl const &entry) {
 }
 
 Object *PropertyMapImpl::getProperty(tvstring const &key, Object *defaultValue) {
-  Object *const value = PropertyMapImpl::getProperty(key);
+  Object *const value = getProperty(key);
   return value == nullptr ? defaultValue : value;
 }
 Object *PropertyMapImpl::getProperty(tvstring const &key) {
@@ -154,25 +154,29 @@ bool PropertyMapImpl::hasProperty(tvstring const &key) {
   return getEntryIndex(key) != -1;
 }
 
-// clang-format off
-long long PropertyMapImpl::getLongProperty(tvstring const &key, long long defaultValue) { return toValue(getProperty(key), defaultValue); }
-void PropertyMapImpl::setLongProperty(tvstring const &key, long long value) { setProperty(key, new LongObject(value)); }
-bool PropertyMapImpl::getBooleanProperty(tvstring const &key, bool defaultValue) { return toValue(getProperty(key), defaultValue); }
-void PropertyMapImpl::setBooleanProperty(tvstring const &key, bool value) { setProperty(key, new BoolObject(value)); }
-int PropertyMapImpl::getIntProperty(tvstring const &key, int defaultValue) { return toValue(getProperty(key), defaultValue); }
-void PropertyMapImpl::setIntProperty(tvstring const &key, int value) { setProperty(key, new IntObject(value)); }
-double PropertyMapImpl::getDoubleProperty(tvstring const &key, double defaultValue) { return toValue(getProperty(key), defaultValue); }
-void PropertyMapImpl::setDoubleProperty(tvstring const &key, double value) { setProperty(key, new DoubleObject(value)); }
-float PropertyMapImpl::getFloatProperty(tvstring const &key, float defaultValue) { return toValue(getProperty(key), defaultValue); }
-void PropertyMapImpl::setFloatProperty(tvstring const &key, float value) { setProperty(key, new FloatObject(value)); }
-DateTime PropertyMapImpl::getDateProperty(tvstring const &key, DateTime const &defaultValue) { return toValue(getProperty(key), defaultValue); }
-void PropertyMapImpl::setDateProperty(tvstring const &key, DateTime const &value) { setProperty(key, new DateObject(value)); }
-void PropertyMapImpl::setStringProperty(tvstring const &key, tvstring const &value) { setProperty(key, new StringObject(value)); }
-// clang-format on
+#define TAVRONE_PROPERTY(Name, Value, Parameter, Wrapper)                                   \
+  Value PropertyMapImpl::get##Name##Property(tvstring const &key, Parameter defaultValue) { \
+    return toValue(getProperty(key), defaultValue);                                         \
+  }                                                                                         \
+  void PropertyMapImpl::set##Name##Property(tvstring const &key, Parameter value) {         \
+    setProperty(key, new Wrapper(value));                                                   \
+  }
+
+TAVRONE_PROPERTY(Long, long long, long long, LongObject)
+TAVRONE_PROPERTY(Boolean, bool, bool, BoolObject)
+TAVRONE_PROPERTY(Int, int, int, IntObject)
+TAVRONE_PROPERTY(Double, double, double, DoubleObject)
+TAVRONE_PROPERTY(Float, float, float, FloatObject)
+TAVRONE_PROPERTY(Date, DateTime, DateTime const &, DateObject)
+
+#undef TAVRONE_PROPERTY
 
 tvstring PropertyMapImpl::getStringProperty(tvstring const &key, tvstring const &defaultValue) {
   Object const *const value = getProperty(key);
   return value == nullptr ? defaultValue : value->toString();
+}
+void PropertyMapImpl::setStringProperty(tvstring const &key, tvstring const &value) {
+  setProperty(key, new StringObject(value));
 }
 
 TList<tvstring> PropertyMapImpl::getPropertyNames(PropertyNameFilter *filter) {
