@@ -17,10 +17,11 @@ namespace {
 constexpr char const *SOURCE = "cpp/AbstractExternalMessage";
 
 ExternalObject &externalObject(SmartPtr<DataObject> const &object) {
-  if (object.isNull()) raise<TransformRuntimeException>("Unexpected null object. Expected external object", SOURCE);
-  if (auto *const external = dynamic_cast<ExternalObject *>(object.get())) return *external;
+  DataObject *const any = object.get();
+  if (any == nullptr) raise<TransformRuntimeException>("Unexpected null object. Expected external object", SOURCE);
+  if (auto *const external = dynamic_cast<ExternalObject *>(any)) return *external;
   raise<TransformRuntimeException>(
-      "Unexpected object of type " + Class(typeid(*object)).getName() + ". Expected external object", SOURCE);
+      "Unexpected object of type " + Class(typeid(*any)).getName() + ". Expected external object", SOURCE);
 }
 
 // Renders one of the two generic forms. False, and nothing done, where the context asks for the wire format.
