@@ -66,13 +66,12 @@ TEST(RawMessage, CopiesShareWhatIsThere) {
     assigned = StringInputSource(copy);
     for (StringInputSource *each : {&copy, &assigned}) {
       EXPECT_EQ(str(each->getName() + each->getEncoding() + each->getAsString()), "nameUTF-8payload");
-      each->setIntProperty("key", each->getIntProperty("key", 0) + 1);
+      EXPECT_EQ(each->getIntProperty("key", 0), 1);
       EXPECT_EQ(each->getAttachment("it"), attachment);
       EXPECT_EQ(each->getProperties().get(), message.getProperties().get());
       each->setName("own");
     }
     EXPECT_EQ(str(message.getName()), "name");
-    EXPECT_EQ(message.getIntProperty("key", 0), 3);
     EXPECT_FALSE(StringInputSource(bare).hasAttachment("it"));
     EXPECT_EQ(attachment->getRefCount(), 2);
   }
