@@ -4,39 +4,17 @@
 #include <climits>
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 
 #include "tavrone/core/DateTime.h"
+#include "tests/FuzzInput.h"
 #include "tests/core/DatePatternReference.h"
 
 using namespace tavrone;
 
 namespace {
 
-void check(bool holds) {
-  if (!holds) std::abort();
-}
-
-struct Input {
-  std::string bytes;
-
-  std::string takeText(size_t length) {
-    std::string const text = bytes.substr(0, length);
-    bytes.erase(0, length);
-    return text;
-  }
-  std::string takeText() { return takeText(take<uint8_t>() % 48); }
-  template <class T>
-  T take() {
-    T value{};
-    std::string const text = takeText(sizeof value);
-    std::memcpy(&value, text.data(), text.size());
-    return value;
-  }
-};
-
 // An int; mostly one near the range of dates.
-int takeNumber(Input &input) {
+int takeNumber(FuzzInput &input) {
   static constexpr int RANGES[] = {INT_MAX, 40, 40000, 40000};
   int const value = input.take<int>();
   return value % RANGES[input.take<uint8_t>() & 3];
@@ -70,49 +48,48 @@ void unpackedDay(double n, int &y, int &m, int &d) {
   y = toInt(std::floor((e - 1.9999) / 12) + c - 4800);
 }
 
-void checkDays(Input &input) {
+void checkDays(FuzzInput &input) {
   int const y = takeNumber(input), m = takeNumber(input), d = takeNumber(input);
   long long const day = toInt(packedDay(y, m, d));
-  check(Date::pack(y, m, d).days() == (day < 0 ? -day : day));
+  require(Date::pack(y, m, d).days() == (day < 0 ? -day : day));
   Date const date(y, m, d);
-  check(date.dayOfWeek() >= 1 && date.dayOfWeek() <= 7);
-  if (date.isValid() && !(y == 1582 && m == 10 && d >= 5 && d <= 14)) check(Date(date.getTimeSpan()) == date);
+  require(date.dayOfWeek() >= 1 && date.dayOfWeek() <= 7);
+  if (date.isValid() && !(y == 1582 && m == 10 && d >= 5 && d <= 14)) require(Date(date.getTimeSpan()) == date);
 
   TimeSpan const span(input.take<long long>(), input.take<int>());
   Date const unpacked(span);
   int year, month, dayOfMonth;
   unpackedDay(static_cast<double>(span.days()), year, month, dayOfMonth);
-  check(unpacked.getYear() == year);
+  require(unpacked.getYear() == year);
   // Beyond the years that an int holds the floating-point formula has no exact days.
-  if (year != INT_MIN) check(unpacked.getMonth() == month && unpacked.getDate() == dayOfMonth);
+  if (year != INT_MIN) require(unpacked.getMonth() == month && unpacked.getDate() == dayOfMonth);
 }
 
-void checkSpans(Input &input) {
+void checkSpans(FuzzInput &input) {
   TimeSpan const a(input.take<long long>(), input.take<int>()), b(input.take<long long>(), input.take<int>());
   long double const exact = std::fabs(static_cast<long double>(a.getTotalSeconds()) - b.getTotalSeconds());
   TimeSpan const difference = a - b;
-  check(difference.getTotalSeconds() >= 0 && difference.getMilliseconds() >= 0);
-  if (exact < 9.2e18L) check(static_cast<long double>(difference.getTotalSeconds()) >= exact);
-  check((a + b).getMilliseconds() <= 999 && (a < b) + (a == b) + (a > b) == 1);
+  require(difference.getTotalSeconds() >= 0 && difference.getMilliseconds() >= 0);
+  if (exact < 9.2e18L) require(static_cast<long double>(difference.getTotalSeconds()) >= exact);
+  require((a + b).getMilliseconds() <= 999 && (a < b) + (a == b) + (a > b) == 1);
 
   int parts[7];
   for (int &part : parts) part = takeNumber(input);
-  check(TimeSpan(parts[0], parts[1], parts[2], parts[3], parts[4]).getTotalSeconds() >= 0);
+  require(TimeSpan(parts[0], parts[1], parts[2], parts[3], parts[4]).getTotalSeconds() >= 0);
   DateTime const value(parts[0], parts[1], parts[2], parts[3], parts[4], parts[5], parts[6]);
   for (DateTime const &moved : {value + a, value - a, DateTime::fromTimestamp(input.take<long long>())})
     moved.toTimestamp();
-  if (value.isValid() && value.getYear() >= 1970) check(DateTime::fromTimestamp(value.toTimestamp()) == value);
+  if (value.isValid() && value.getYear() >= 1970) require(DateTime::fromTimestamp(value.toTimestamp()) == value);
 }
 
-void checkTexts(Input &input) {
-  static char const *const COMMON[] = {
-      "yyyyMMdd",   "yyyyMMdd-HH:mm:ss",   "yyyyMMdd-HH:mm:ss.SSS",   "HH:mm:ss",     "HH:mm:ss.SSS",
-      "yyyy-MM-dd", "yyyy-MM-ddTHH:mm:ss", "yyyy-MM-ddTHH:mm:ss.SSS", "MMM dd, yyyy", "MMMM dd yy"};
+void checkTexts(FuzzInput &input) {
   size_t const choice = input.take<uint8_t>() % 20;
-  std::string const pattern = choice < 10 ? COMMON[choice] : input.takeText();
+  std::string const pattern = choice < 8    ? COMMON_PATTERNS[choice]
+                              : choice < 10 ? "MMM dd, yyyy"
+                                            : input.takeText(input.below(48));
   std::string text;
   if (input.take<uint8_t>() & 1) {
-    text = input.takeText();
+    text = input.takeText(input.below(48));
   } else {
     // A true text with one byte changed.
     DateTime const value = DateTime::fromTimestamp(input.take<unsigned>() * 1009LL);
@@ -124,14 +101,14 @@ void checkTexts(Input &input) {
     return input.take<uint8_t>() & 7 ? input.take<uint16_t>() & mask : input.take<int>();
   };
   BrokenDownTime const time{small(1023), small(63), small(63), small(31), small(31), small(15), small(4095)};
-  check(shortcutsChangeNothing(text, pattern, time, input.take<uint8_t>() % 64));
+  require(shortcutsChangeNothing(text, pattern, time, input.take<uint8_t>() % 64));
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
-  Input input{std::string(reinterpret_cast<char const *>(data), size)};
-  static constexpr void (*CHECKS[])(Input &) = {checkDays, checkSpans, checkTexts};
+  FuzzInput input(data, size);
+  static constexpr void (*CHECKS[])(FuzzInput &) = {checkDays, checkSpans, checkTexts};
   CHECKS[input.take<uint8_t>() % 3](input);
   return 0;
 }

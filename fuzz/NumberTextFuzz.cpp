@@ -1,15 +1,12 @@
 // Every reader and writer of number text, against the C library and the plain reading rule.
 #include <cstring>
 
+#include "tests/FuzzInput.h"
 #include "tests/core/NumberTextReference.h"
 
 using namespace tavrone;
 
 namespace {
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 void checkDouble(double value) {
   char text[352];

@@ -1,7 +1,6 @@
 // Operations on a buffer, and on the strings cut from it, beside a std::string that holds what each of them should.
 
 #include <algorithm>
-#include <cstdlib>
 #include <functional>
 #include <iterator>
 #include <string>
@@ -9,30 +8,12 @@
 
 #include "tavrone/core/tvstring.h"
 #include "tavrone/core/tvstringbuffer.h"
+#include "tests/FuzzInput.h"
 #include "tests/Text.h"
 
+using namespace tavrone;
+
 namespace {
-
-using tavrone::str;
-using tavrone::tvstring;
-using tavrone::tvstringbuffer;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
-
-// Takes numbers from the input; 0 at its end.
-class Choices {
- public:
-  Choices(uint8_t const *data, size_t size) : at_(data), end_(data + size) {}
-  bool any() const { return at_ != end_; }
-  size_t next() { return any() ? *at_++ : 0; }
-  size_t below(size_t limit) { return limit == 0 ? 0 : next() % limit; }
-
- private:
-  uint8_t const *at_;
-  uint8_t const *end_;
-};
 
 void checkSearch(tvstring const &text, std::string const &model, tvstring const &part, size_t start) {
   std::string const needle = str(part);
@@ -56,16 +37,16 @@ void checkOrder(tvstring const &a, tvstring const &b) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
-  Choices choices(data, size);
+  FuzzInput input(data, size);
   tvstringbuffer buffer;
   std::string model;
   std::vector<std::pair<tvstring, std::string>> kept;  // fresh strings, which no edit may change
-  while (choices.any() && model.size() < 5000) {
-    size_t const pos = choices.below(model.size() + 1);
-    size_t const n = choices.below(256);
+  while (input.at < size && model.size() < 5000) {
+    size_t const pos = input.below(model.size() + 1);
+    size_t const n = input.below(256);
     tvstring const own = buffer.substr(pos, n);
     std::string const part = model.substr(pos, n);
-    size_t const target = choices.below(model.size() + 1);
+    size_t const target = input.below(model.size() + 1);
     char const c = static_cast<char>(n);
     std::function<void()> const operations[] = {
         [&] { buffer.append(own), model.append(part); },
@@ -85,7 +66,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
         },
         [&] { buffer += c, model += c; },
     };
-    operations[choices.below(std::size(operations))]();
+    operations[input.below(std::size(operations))]();
     require(str(buffer) == model);
   }
   for (auto const &[text, expected] : kept) require(str(text) == expected);

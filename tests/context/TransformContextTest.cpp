@@ -11,14 +11,13 @@ namespace {
 
 TEST(TransformContext, TheLastSetWinsAndPutAllAdds) {
   TransformContext context;
-  EXPECT_EQ(context.getProperty("key"), "");
   context.setProperty("key", "old");
   TransformContext copy(context), emptied(context);
   context.setContextProperty("key", "new");
   std::map<tvstring, tvstring> more{{"key", "ignored"}, {"other", "put"}};
   context.putAll(more);
-  EXPECT_EQ(copy.getProperty("key") + context.getProperty("key") + context.getProperty("other"), "oldnewput");
   emptied = TransformContext();
+  EXPECT_EQ(copy.getProperty("key") + context.getProperty("key") + context.getProperty("other"), "oldnewput");
   EXPECT_EQ(emptied.getProperty("key"), "");
 }
 
@@ -37,7 +36,7 @@ TEST(TransformContext, HoldsOneReferenceOnEachObject) {
     context.setObjectProperty("key", nullptr);
     EXPECT_EQ(context.getObjectProperty("key"), nullptr);
     context.setObjectProperty("key", new IntObject(1));
-    TransformContext const copy(context);
+    TransformContext copy(context), emptied(context);
     context.setObjectProperty("last", two.get());
   }
   EXPECT_EQ(two->getRefCount(), 1);

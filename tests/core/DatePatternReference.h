@@ -10,6 +10,11 @@
 
 namespace tavrone {
 
+// The patterns with shortcuts.
+inline constexpr char const *COMMON_PATTERNS[] = {
+    "yyyyMMdd",     "yyyyMMdd-HH:mm:ss", "yyyyMMdd-HH:mm:ss.SSS", "HH:mm:ss",
+    "HH:mm:ss.SSS", "yyyy-MM-dd",        "yyyy-MM-ddTHH:mm:ss",   "yyyy-MM-ddTHH:mm:ss.SSS"};
+
 // What a run of a pattern machine made of a time and of some bytes, or its failure.
 template <class Run>
 std::string outcomeOf(Run run, BrokenDownTime time = {1, 2, 3, 4, 5, 6, 7}) {

@@ -24,7 +24,7 @@ TEST(DraconianExceptionHandler, ReducesAnExceptionToItsRecordAndTrace) {
   }
 }
 
-// A record of each kind, collected.
+// A record of each kind, collected: clones, which later changes leave alone.
 std::vector<ExceptionDataObject *> collect() {
   CascadingExceptionHandler handler;
   FieldValidationException e("first", "F1");
@@ -36,16 +36,10 @@ std::vector<ExceptionDataObject *> collect() {
   return handler.getExceptions();
 }
 
-TEST(CascadingExceptionHandler, KeepsAnIndependentCloneOfEachRecordInOrder) {
-  Result<int> const result(0, collect());
-  ASSERT_EQ(result.exceptions.size(), 2u);
-  ExceptionDataObject const &first = *result.exceptions[0];
-  EXPECT_TRUE(typeid(first) == typeid(FieldValidationException));
-  EXPECT_EQ(first.getMessage() + result.exceptions[1]->getMessage(), "firstsecond");
-}
-
 TEST(Results, OwnTheirRecordsThroughCopiesAndMoves) {
   Result<tvstring> first("value", collect());
+  ASSERT_EQ(first.exceptions.size(), 2u);
+  EXPECT_EQ(first.exceptions[0]->getMessage() + first.exceptions[1]->getMessage(), "firstsecond");
   Result<tvstring> second(first);
   EXPECT_NE(second.exceptions[0], first.exceptions[0]);
   ExceptionDataObject const &clone = *second.exceptions[0];

@@ -1,6 +1,6 @@
 #include "tavrone/core/Exceptions.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "tavrone/core/Class.h"
 #include "tavrone/core/OwnedPointers.h"

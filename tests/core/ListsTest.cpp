@@ -1,5 +1,4 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <limits>
 #include <memory>
@@ -26,18 +25,18 @@ TList<E> list(std::initializer_list<E> elements) {
   EXPECT_THAT([&] { call; }, testing::ThrowsMessage<std::out_of_range>("invalid vector<T> subscript"))
 
 TEST(TList, RendersEachElementType) {
-  std::pair<tvstring, char const *> const cases[] = {
-      {TList<int>().toString(), "[]"},
-      {list<int>({1, -2}).toString(), "[1, -2]"},
-      {list<long long>({1LL << 40}).toString(), "[1099511627776]"},
-      {list<float>({1.5f, 2}).toString(), "[1.5, 2.0]"},
-      {list<char>({'a', 'b'}).toString(), "[a, b]"},
-      {list<bool>({true, false}).toString(), "[true, false]"},
-      {list<tvstring>({"x", ""}).toString(), "[x, ]"},
-      {list<Binary>({Binary("ab", 2)}).toString(), "[ab]"},
-      {list<DateTime>({DateTime(2024, 2, 9, 13, 5, 7, 42)}).toString(), "[2024-02-09T13:05:07.042]"},
-  };
-  for (auto const &[text, expected] : cases) EXPECT_EQ(str(text), expected);
+  tvstring const texts[] = {TList<int>().toString(),
+                            list<int>({1, -2}).toString(),
+                            list<long long>({1LL << 40}).toString(),
+                            list<float>({1.5f, 2}).toString(),
+                            list<char>({'a', 'b'}).toString(),
+                            list<bool>({true, false}).toString(),
+                            list<tvstring>({"x", ""}).toString(),
+                            list<Binary>({Binary("ab", 2)}).toString(),
+                            list<DateTime>({DateTime(2024, 2, 9, 13, 5, 7, 42)}).toString()};
+  std::string all;
+  for (tvstring const &text : texts) all += str(text);
+  EXPECT_EQ(all, "[][1, -2][1099511627776][1.5, 2.0][a, b][true, false][x, ][ab][2024-02-09T13:05:07.042]");
 }
 
 TEST(TList, EditsByIndexAndRaisesOnBadOnes) {
@@ -147,18 +146,15 @@ TEST(ObjectList, OwnsItsElementsAndClonesThem) {
 TEST(SmallStringMap, HoldsOneReferenceOnEachValue) {
   {
     SmallStringMap map;
-    Counted *first = new Counted;
-    map.put("a", first);
+    auto *first = new Counted;
+    for (Counted *value : {first, first}) map.put("a", value);
     map.put("b", nullptr);
-    map.put("a", first);
     EXPECT_EQ(first->getRefCount(), 1);
     SmallStringMap const copy(map);
-    EXPECT_EQ(first->getRefCount(), 2);
     map.put("a", new Counted);
-    EXPECT_EQ(copy.get("a"), first);
-    EXPECT_NE(map.get("a"), first);
-    EXPECT_EQ(map.get("b"), nullptr);
-    EXPECT_EQ(map.get("ab"), nullptr);
+    EXPECT_EQ(first->getRefCount(), 1);
+    EXPECT_TRUE(copy.get("a") == first && map.get("a") != first);
+    EXPECT_TRUE(map.get("b") == nullptr && map.get("ab") == nullptr);
     EXPECT_EQ(Counted::alive, 2);
   }
   EXPECT_EQ(Counted::alive, 0);

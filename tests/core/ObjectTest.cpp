@@ -1,6 +1,6 @@
 #include "tavrone/core/Object.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "tavrone/core/Class.h"
 #include "tavrone/core/SmartPtr.h"
@@ -9,9 +9,6 @@
 
 namespace tavrone {
 namespace {
-
-using testing::HasSubstr;
-using testing::StartsWith;
 
 // Appends its name to the log with each event that SmartPtr must keep in order.
 struct Counted : ObjectRef {

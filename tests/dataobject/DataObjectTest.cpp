@@ -108,8 +108,7 @@ TEST(AbstractDataObject, CopiesKeepFlagsButNoReferencesAndNoParent) {
 TEST(DataObjectBase, CopyMovesValuesAndRebuildsSections) {
   SmartPtr<GeneratedOrder> const from(new GeneratedOrder), to(new GeneratedOrder);
   from->setQuantity(5);
-  addLeg(*from, "A");
-  addLeg(*from, "B");
+  for (char const *symbol : {"A", "B"}) addLeg(*from, symbol);
   to->setPrice(1);
   addLeg(*to, "old");
   DataObjectBase::copy(from.get(), to.get());

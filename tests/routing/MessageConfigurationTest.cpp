@@ -8,18 +8,19 @@ namespace tavrone {
 namespace {
 
 TEST(MessageConfiguration, ComparesExactlyAndOnlyWhatIsSet) {
-  SmartPtr<DataObject> const header =
+  SmartPtr<TestHeader> const header =
       new TestHeader({{"MessageFormat", "FIX"}, {"MessageType", "D"}, {"Desk", "7"}, {"Null", "null"}});
   struct {
     char const *format, *version, *type, *property, *value;
     bool match;
-  } const cases[] = {
-      {"", "", "", "", "", true},        {"FIX", "", "D", "", "", true},     {"fix", "", "", "", "", false},
-      {"FI", "", "", "", "", false},     {"FIX.", "", "", "", "", false},    {"*", "", "", "", "", false},
-      {"", "4.2", "", "", "", false},    {"", "", "8", "", "", false},       {"", "", "", "Desk", "7", true},
-      {"", "", "", "Desk", "7 ", false}, {"", "", "", "Desk", "", false},    {"", "", "", "Null", "", true},
-      {"", "", "", "Absent", "", true},  {"", "", "", "Absent", "7", false}, {"FIX", "", "D", "Desk", "8", false},
-  };
+  } const cases[] = {{"", "", "", "", "", true},           {"FIX", "", "D", "", "", true},
+                     {"fix", "", "", "", "", false},       {"FI", "", "", "", "", false},
+                     {"FIX.", "", "", "", "", false},      {"*", "", "", "", "", false},
+                     {"", "4.2", "", "", "", false},       {"", "", "8", "", "", false},
+                     {"", "", "", "Desk", "7", true},      {"", "", "", "Desk", "7 ", false},
+                     {"", "", "", "Desk", "", false},      {"", "", "", "Null", "", true},
+                     {"", "", "", "Absent", "", true},     {"", "", "", "Absent", "7", false},
+                     {"FIX", "", "D", "Desk", "8", false}, {"FIX", "4.2", "D", "Desk", "7", false}};
   for (auto const &c : cases) {
     MessageConfiguration configuration;
     configuration.setMessageFormat(c.format);
@@ -29,20 +30,11 @@ TEST(MessageConfiguration, ComparesExactlyAndOnlyWhatIsSet) {
       configuration.setProperty(c.property, "replaced");
       configuration.setProperty(c.property, c.value);
     }
-    MessageConfiguration const copy = configuration;
-    EXPECT_EQ(copy.isMatch(header.get()), c.match)
+    header->reads.clear();
+    EXPECT_EQ(MessageConfiguration(configuration).isMatch(header.get()), c.match)
         << c.format << '/' << c.version << '/' << c.type << '/' << c.property << '=' << c.value;
   }
-}
-
-TEST(MessageConfiguration, StopsAtTheFirstDifference) {
-  SmartPtr<TestHeader> const header = new TestHeader({{"MessageFormat", "FIX"}, {"MessageVersion", "4.4"}});
-  MessageConfiguration configuration;
-  configuration.setMessageFormat("FIX");
-  configuration.setMessageVersion("4.2");
-  configuration.setMessageType("D");
-  configuration.setProperty("Desk", "7");
-  EXPECT_FALSE(configuration.isMatch(header.get()));
+  // The last case ended at its first difference.
   EXPECT_EQ(header->reads, (std::map<tvstring, int>{{"MessageFormat", 1}, {"MessageVersion", 1}}));
 }
 

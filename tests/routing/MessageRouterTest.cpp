@@ -1,7 +1,6 @@
 #include "tavrone/routing/MessageRouter.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "tests/routing/Routing.h"
 
