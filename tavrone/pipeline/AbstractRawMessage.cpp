@@ -33,7 +33,7 @@ AbstractRawMessage::~AbstractRawMessage() noexcept(false) {
 tvstring AbstractRawMessage::getAsString(tvstring const &) {
   int length = 0;
   char const *bytes = getAsBytes(length);
-  return tvstring(bytes, static_cast<size_t>(length));
+  return tvstring(bytes, length < 0 ? 0 : static_cast<size_t>(length));
 }
 
 // What leaves the map may hold the last reference to this message: it goes when nothing here is looked at any more.

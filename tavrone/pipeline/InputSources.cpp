@@ -1,5 +1,6 @@
 #include "tavrone/pipeline/InputSources.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstdio>
 #include <string>
