@@ -97,10 +97,9 @@ BENCHMARK(write<examples::GeneratedOrder>)->Name("writeGenerated");
 void writeProtobuf(benchmark::State &state) {
   peer::Order order;
   fill(order);
-  std::string out;
+  std::string out(order.ByteSizeLong(), '\0');
   for (auto _ : state) {
-    out.clear();
-    order.AppendToString(&out);
+    order.SerializeToArray(out.data(), static_cast<int>(out.size()));
     benchmark::DoNotOptimize(out.data());
   }
 }

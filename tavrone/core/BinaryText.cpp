@@ -20,7 +20,13 @@ unsigned char byteAt(char const *at, size_t i) {
   return static_cast<unsigned char>(at[i]);
 }
 
-constexpr char HEX_DIGITS[] = "0123456789ABCDEF";
+// The two characters of every byte.
+constexpr auto HEX_PAIRS = [] {
+  constexpr char DIGITS[] = "0123456789ABCDEF";
+  std::array<std::array<char, 2>, 256> pairs{};
+  for (size_t i = 0; i < pairs.size(); ++i) pairs[i] = {DIGITS[i >> 4], DIGITS[i & 15]};
+  return pairs;
+}();
 
 constexpr auto HEX_VALUES = [] {
   std::array<uint8_t, 256> values{};
@@ -272,10 +278,7 @@ void encodeHex(char const *bytes, size_t n, char *text) {
     store16(text, _mm_unpacklo_epi8(high, low));
     store16(text + 16, _mm_unpackhi_epi8(high, low));
   }
-  for (; n != 0; --n, ++bytes, text += 2) {
-    text[0] = HEX_DIGITS[byteAt(bytes, 0) >> 4];
-    text[1] = HEX_DIGITS[byteAt(bytes, 0) & 15];
-  }
+  for (; n != 0; --n, ++bytes, text += 2) std::memcpy(text, HEX_PAIRS[byteAt(bytes, 0)].data(), 2);
 }
 
 void decodeHex(char const *text, size_t n, char *bytes) {

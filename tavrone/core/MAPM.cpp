@@ -486,10 +486,35 @@ Decimal readDecimal(char const *at, char const *end) {
   return decimal;
 }
 
-// Writes into `own`, where that is a body of nobody else's that is large enough, or else into a new one.
+// `own` where that is a body of nobody else's that is large enough, or else a new one; its limbs not yet written.
+M_APM_ *bodyFor(M_APM_ *own, int64_t size, int64_t place, bool negative) {
+  bool const reuses = own != nullptr && own->references == 1 && own->size >= size;
+  M_APM_ *body = reuses ? own : allocate(size, 0, 0, "m_apm_set_string");
+  body->sign = negative ? -1 : 1;
+  body->size = static_cast<int32_t>(size);
+  body->place = static_cast<int32_t>(place);
+  return body;
+}
+
+// A number whose whole part and fraction are a limb each at most, as most are.
+M_APM_ *readTwoLimbs(Decimal const &decimal, M_APM_ *own) {
+  int64_t const decimals = decimal.count - decimal.beforePoint;
+  uint64_t const whole = decimal.value(0, decimal.beforePoint);
+  uint64_t const fraction = decimal.value(decimal.beforePoint, decimal.count) * powerOf10(LIMB_DIGITS - decimals);
+  int const size = (whole != 0 ? 1 : 0) + (fraction != 0 ? 1 : 0);
+  if (size == 0) return nullptr;
+  M_APM_ *body = bodyFor(own, size, fraction != 0 ? -1 : 0, decimal.negative);
+  body->limbs[0] = fraction != 0 ? fraction : whole;
+  if (size == 2) body->limbs[1] = whole;
+  return body;
+}
+
+// Writes into `own` where it can.
 M_APM_ *readNumber(char const *text, size_t length, M_APM_ *own = nullptr) {
   if (static_cast<int64_t>(length) > MAX_TEXT_LENGTH) reportOutOfMemory("m_apm_set_string");
   Decimal const decimal = readDecimal(text, text + length);
+  if (decimal.exponent == 0 && decimal.beforePoint <= LIMB_DIGITS && decimal.count - decimal.beforePoint <= LIMB_DIGITS)
+    return readTwoLimbs(decimal, own);
   int64_t first = 0;
   while (first < decimal.count && *decimal.digitAt(first) == '0') ++first;
   if (first == decimal.count) return nullptr;
@@ -500,11 +525,7 @@ M_APM_ *readNumber(char const *text, size_t length, M_APM_ *own = nullptr) {
   int64_t const units = decimal.beforePoint - 1 + decimal.exponent;
   int64_t const place = limbPlace(units - (end - 1));
   int64_t const size = limbPlace(units - first) - place + 1;
-  bool const reuses = own != nullptr && own->references == 1 && own->size >= size;
-  M_APM_ *body = reuses ? own : allocate(size, 0, 0, "m_apm_set_string");
-  body->sign = decimal.negative ? -1 : 1;
-  body->size = static_cast<int32_t>(size);
-  body->place = static_cast<int32_t>(place);
+  M_APM_ *body = bodyFor(own, size, place, decimal.negative);
   for (int64_t i = 0, position = place * LIMB_DIGITS; i < size; ++i, position += LIMB_DIGITS) {
     int64_t const to = units - position + 1;
     int64_t const from = to - LIMB_DIGITS;
@@ -615,6 +636,17 @@ Float nearest(M_APM_ const *body) {
   if (result.ec == std::errc::result_out_of_range)
     value = row.firstDigit() > 0 ? std::numeric_limits<Float>::infinity() : Float(0);
   return body->sign < 0 ? -value : value;
+}
+
+// A limb without zeros in front. REQUIRES: there is room for a whole limb
+char *writeWhole(uint64_t limb, char *out) {
+  if (limb >= 100'000'000) return std::to_chars(out, out + LIMB_DIGITS, limb).ptr;
+  char digits[8];
+  writeEightDigits(limb, digits);
+  int const count = limb == 0 ? 1 : digitCount(limb);
+  uint64_t const word = load8(digits) >> (8 * (8 - count));
+  std::memcpy(out, &word, sizeof word);
+  return out + count;
 }
 
 // The point and the digits of a limb behind it, of which there mostly are few.
@@ -845,7 +877,7 @@ char *MAPM::writeFixed(char *out, char const *end) const {
   Row const row(val_);
   if (row.size != 0 && row.place >= -1 && row.top() <= 1 && end - out >= 2 * LIMB_DIGITS + 2) {
     if (val_->sign < 0) *out++ = '-';
-    out = std::to_chars(out, out + LIMB_DIGITS, row.limbAt(0)).ptr;
+    out = writeWhole(row.limbAt(0), out);
     uint64_t const fraction = row.limbAt(-1);
     return fraction == 0 ? out : writeFraction(fraction, out);
   }

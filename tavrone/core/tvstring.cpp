@@ -86,15 +86,10 @@ char const *tvstring::terminate() const {
   return data_;
 }
 
-char *tvstring::ensureCleanFree(size_t n) {
-  if (owner_ == nullptr || owner_->getRefCount() > 1 || owner_->length() <= n) {
-    chararray *array = chararray::create(saturatedSum(n, 1));
-    clean();
-    owner_ = array;
-  }
-  length_ = 0;
-  data_ = owner_->getPtr();
-  return owner_->getPtr();
+void tvstring::replaceArray(size_t n) {
+  chararray *array = chararray::create(saturatedSum(n, 1));
+  clean();
+  owner_ = array;
 }
 
 tvstring tvstring::span(tvstring const &other) const {

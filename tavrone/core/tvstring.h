@@ -187,7 +187,12 @@ class TAVRONE_API tvstring {
 
   size_t capacity() const { return owner_ == nullptr ? 0 : owner_->length(); }
   // An unshared array of more than n bytes, length 0; returns its start. The old text is gone.
-  char *ensureCleanFree(size_t n);
+  char *ensureCleanFree(size_t n) {
+    if (owner_ == nullptr || owner_->getRefCount() > 1 || owner_->length() <= n) replaceArray(n);
+    length_ = 0;
+    data_ = owner_->getPtr();
+    return owner_->getPtr();
+  }
 
   // npos where the sum doesn't fit, so that no wrapped length ever reaches an allocation.
   static constexpr size_t saturatedSum(size_t a, size_t b) { return a + b < a ? npos : a + b; }
@@ -207,6 +212,7 @@ class TAVRONE_API tvstring {
     assign0(text, length, owner, true);
     clean(old);
   }
+  void replaceArray(size_t n);
   char const *terminate() const;
   bool equals(tvstring const &other) const {
     return length_ == other.length_ && (data_ == other.data_ || equals(data_, other.data_, length_));

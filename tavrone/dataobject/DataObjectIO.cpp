@@ -103,6 +103,24 @@ inline size_t copyAscii(char *to, char const *from, size_t n) {
   return highBits(block) == 0 ? n : 0;
 }
 
+// Text of one or two words that may overlap. False, with `to` undefined, for one with bytes from 128 up.
+template <class Word>
+bool copyWords(char *to, char const *from, size_t n) {
+  constexpr Word HIGH = static_cast<Word>(0x8080808080808080);
+  Word const first = load<Word>(from);
+  Word const last = load<Word>(from + n - sizeof last);
+  store(to, first);
+  store(to + n - sizeof last, last);
+  return ((first | last) & HIGH) == 0;
+}
+// REQUIRES: n <= BLOCK
+inline bool copyShortAscii(char *to, char const *from, size_t n) {
+  if (n >= sizeof(uint64_t)) return copyWords<uint64_t>(to, from, n);
+  if (n >= sizeof(uint32_t)) return copyWords<uint32_t>(to, from, n);
+  if (n >= sizeof(uint16_t)) return copyWords<uint16_t>(to, from, n);
+  return n == 0 || copyWords<uint8_t>(to, from, n);
+}
+
 inline bool isAscii(char const *text, size_t n) {
   if (n < BLOCK) return highBits(loadShort(text, n)) == 0;
   unsigned high = highBits(loadBlock(text + n - BLOCK));
@@ -111,18 +129,16 @@ inline bool isAscii(char const *text, size_t n) {
 }
 
 inline char *putFast(char *at, unsigned value) {
-  for (; value >= 0x80; value >>= 7) *at++ = static_cast<char>(DataObjectIO::setHighBit(value));
+  while (value >= 0x80) [[unlikely]] {
+      *at++ = static_cast<char>(DataObjectIO::setHighBit(value));
+      value >>= 7;
+    }
   *at++ = static_cast<char>(value);
   return at;
 }
 
 inline char *putDate(char *at, DateTime const &value, bool date, bool time) {
-  auto const put = [&at](int part) {
-    if (static_cast<unsigned>(part) < 0x80)
-      *at++ = static_cast<char>(part);
-    else
-      at = putFast(at, static_cast<unsigned>(part));
-  };
+  auto const put = [&at](int part) { at = putFast(at, static_cast<unsigned>(part)); };
   if (date) {
     put(value.getYear());
     put(value.getMonth());
@@ -150,7 +166,11 @@ class Writer {
   void finish(char const *at) { length_ = static_cast<int>(at - buffer_.str()); }
 
   // Room for n more bytes.
-  char *room(char *at, size_t n) { return static_cast<size_t>(end_ - at) >= n ? at : grow(at, n); }
+  char *room(char *at, size_t n) {
+    if (static_cast<size_t>(end_ - at) < n) [[unlikely]]
+      at = grow(at, n);
+    return at;
+  }
 
   char *object(char *at, DataObject *object, int depth) {
     checkDepth(depth);
@@ -166,15 +186,12 @@ class Writer {
     at += ascii;
     return ascii == n ? at : wide(at, text + ascii, n - ascii);
   }
-  char *string(char *at, tvstring const &text) {
+  [[gnu::always_inline]] char *string(char *at, tvstring const &text) {
     char const *data = text.data();
     size_t const n = text.length();
-    if (n >= BLOCK) return string(at, data, n);
     at = room(at, 1 + BLOCK);
-    __m128i const block = loadShort(data, n);
-    if (highBits(block) != 0) return string(at, data, n);
+    if (n > BLOCK || !copyShortAscii(at + 1, data, n)) return string(at, data, n);
     *at = static_cast<char>(n);
-    storeBlock(at + 1, block);
     return at + 1 + n;
   }
 
@@ -278,11 +295,20 @@ class Writer {
                                        Value const &value) {
       return writer.plain(kind, writer.id(at, index), value);
     }
-    [[gnu::noinline]] char *section(char *at, int index, FieldMetaInfo const &, DataObjectSection *section) {
+    char *section(char *at, int index, FieldMetaInfo const &, DataObjectSection *section) {
       int const count = section == nullptr ? 0 : section->getElementCount();
+      return elements(at, index, count, [section](int i) { return section->getElement(i); });
+    }
+    // Without virtual calls.
+    char *section(char *at, int index, FieldMetaInfo const &, DataObjectSectionImpl *section) {
+      return elements(at, index, section->DataObjectSectionImpl::getElementCount(),
+                      [section](int i) { return section->DataObjectSectionImpl::getElement(i); });
+    }
+    template <class ElementAt>
+    [[gnu::noinline]] char *elements(char *at, int index, int count, ElementAt elementAt) {
       if (count <= 0) return at;
       at = putFast(writer.id(at, index), static_cast<unsigned>(count));
-      for (int i = 0; i < count; ++i) at = writer.object(at, section->getElement(i), depth + 1);
+      for (int i = 0; i < count; ++i) at = writer.object(at, elementAt(i), depth + 1);
       return at;
     }
     char *other(char *at, int index, FieldMetaInfo const &field, Object &value) {
@@ -313,17 +339,13 @@ class Reader {
 
   char const *object(char const *at, DataObject &object, int depth) {
     checkDepth(depth);
+    if (object.hasFieldOffsets()) return stored(at, static_cast<AbstractDataObject &>(object), depth);
     DataObjectMetaInfo const &type = *object.getMetaInfo();
-    bool const stored = object.hasFieldOffsets();
-    for (;;) {
-      unsigned id;
-      at = fast(at, id);
-      if (id == 0) return at;
+    for (unsigned id; (at = fast(at, id)), id != 0;) {
       int const index = static_cast<int>(id - 1);
-      FieldMetaInfo const &field = *type.getFieldMetaInfo(index);
-      at = stored && field.getOffset() >= 0 ? member(at, object, index, field, depth)
-                                            : accessed(at, object, index, field, depth);
+      at = accessed(at, object, index, *type.getFieldMetaInfo(index), depth);
     }
+    return at;
   }
 
   char const *value(char const *at, DataObject &object, int index, tvstring const &type) {
@@ -331,9 +353,18 @@ class Reader {
   }
 
   char const *fast(char const *at, unsigned &value) {
-    if (at == end_) raiseOutOfBounds(buffer_);
-    value = static_cast<unsigned char>(*at);
-    return value < 0x80 ? at + 1 : longFast(at, value);
+    if (end_ - at >= 2) [[likely]] {
+      value = static_cast<unsigned char>(at[0]);
+      if (value < 0x80) return at + 1;
+      auto const second = static_cast<unsigned char>(at[1]);
+      if (second < 0x80) {
+        value = (value & 0x7F) | unsigned{second} << 7;
+        return at + 2;
+      }
+    }
+    LongFast const read = longFast(at);
+    value = read.value;
+    return read.end;
   }
 
   template <class Word>
@@ -375,7 +406,11 @@ class Reader {
   }
 
  private:
-  [[gnu::noinline]] char const *longFast(char const *at, unsigned &value) {
+  struct LongFast {
+    char const *end;
+    unsigned value;
+  };
+  [[gnu::noinline]] LongFast longFast(char const *at) const {
     unsigned sum = 0;
     for (int shift = 0; shift < 35; shift += 7) {
       if (at == end_) raiseOutOfBounds(buffer_);
@@ -383,8 +418,7 @@ class Reader {
       sum |= DataObjectIO::clearHighBitLS(byte, shift);
       if (byte < 0x80) break;
     }
-    value = sum;
-    return at;
+    return {at, sum};
   }
 
   // A count of things that take a byte each at least.
@@ -452,18 +486,33 @@ class Reader {
     }
   }
 
-  [[gnu::noinline]] char const *boolean(char const *at, bool &value) {
+  char const *boolean(char const *at, bool &value) {
+    if (end_ - at >= 6) [[likely]] {
+      value = std::memcmp(at, "\4true", 5) == 0;
+      if (value) return at + 5;
+      if (std::memcmp(at, "\5false", 6) == 0) return at + 6;
+    }
+    return spelled(at, value);
+  }
+  [[gnu::noinline]] char const *spelled(char const *at, bool &value) {
     tvstring scratch;
     std::string_view read;
     at = text(at, read, scratch);
     value = read == "true" || (read != "false" && Parsing::parseBool(tvstring(read.data(), read.length())));
     return at;
   }
-  [[gnu::noinline]] char const *number(char const *at, BigDecimal &value) {
-    tvstring scratch;
-    std::string_view read;
-    at = text(at, read, scratch);
-    value.assign(read.data(), read.length());
+  char const *number(char const *at, BigDecimal &value) {
+    size_t n;
+    char const *const start = count(at, n);
+    if (!isAscii(start, n)) [[unlikely]]
+      return wideNumber(at, value);
+    value.assign(start, n);
+    return start + n;
+  }
+  TAVRONE_COLD char const *wideNumber(char const *at, BigDecimal &value) {
+    tvstring text;
+    at = string(at, text);
+    value.assign(text.data(), text.length());
     return at;
   }
   [[gnu::noinline]] char const *number(char const *at, BigInteger &value) {
@@ -482,28 +531,40 @@ class Reader {
     }
     return at;
   }
-  [[gnu::noinline]] char const *countedSection(char const *at, DataObjectSection &held, int depth) {
+
+  // A declared record: its fields where it keeps them.
+  char const *stored(char const *at, AbstractDataObject &object, int depth) {
+    DataObjectMetaInfo const &type = *object.AbstractDataObject::getMetaInfo();
+    FieldPlace const *const places = type.getFieldPlaces().data();
+    size_t const fields = type.getFieldPlaces().size();
+    for (unsigned id; (at = fast(at, id)), id != 0;) {
+      int const index = static_cast<int>(id - 1);
+      if (id > fields) [[unlikely]]
+        type.getFieldMetaInfo(index);  // which raises
+      FieldPlace const place = places[index];
+      at = withKind(place.kind, [&](auto kind) TAVRONE_INLINED {
+        constexpr FieldKind KIND = kind;
+        if constexpr (KIND == FieldKind::SECTION) {
+          at = storedSection(at, storedValue<DataObjectSectionImpl>(object, place.offset), depth);
+        } else if constexpr (KIND == FieldKind::DATA_OBJECT) {
+          at = storedSection(at, storedValue<DataObjectSingleElementSectionImpl>(object, place.offset), depth);
+        } else if constexpr (IS_READ<KIND>) {
+          at = plain(kind, at, storedValue<typename FieldOf<KIND>::Value>(object, place.offset));
+        } else {
+          return accessed(at, object, index, *type.getFieldMetaInfo(index), depth);
+        }
+        object.setNotNull(index);
+        return at;
+      });
+    }
+    return at;
+  }
+  [[gnu::noinline]] char const *storedSection(char const *at, AbstractDataObjectSection &section, int depth) {
     size_t elements;
     at = count(at, elements);
-    return section(at, held, elements, depth);
-  }
-
-  // A field of a declared record, where it keeps it.
-  char const *member(char const *at, DataObject &object, int index, FieldMetaInfo const &field, int depth) {
-    return withKind(field.getKind(), [&](auto kind) TAVRONE_INLINED {
-      constexpr FieldKind KIND = kind;
-      if constexpr (KIND == FieldKind::SECTION) {
-        at = countedSection(at, storedValue<DataObjectSectionImpl>(object, field), depth);
-      } else if constexpr (KIND == FieldKind::DATA_OBJECT) {
-        at = countedSection(at, storedValue<DataObjectSingleElementSectionImpl>(object, field), depth);
-      } else if constexpr (IS_READ<KIND>) {
-        at = plain(kind, at, storedValue<typename FieldOf<KIND>::Value>(object, field));
-      } else {
-        return set(kind, at, object, index, field.getType());
-      }
-      setStoredNotNull(object, index);
-      return at;
-    });
+    section.clear();
+    for (size_t i = 0; i < elements; ++i) at = object(at, *section.addNewElement(), depth + 1);
+    return at;
   }
 
   // A field that only the virtual accessors know.

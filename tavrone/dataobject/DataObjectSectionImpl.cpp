@@ -119,6 +119,12 @@ bool AbstractDataObjectSection::isEmpty() const {
 
 void AbstractDataObjectSection::admitElement(DataObject *) const {}
 
+DataObject *AbstractDataObjectSection::addNewElement() {
+  SmartPtr<DataObject> const element(createElement());
+  addElement(element.get());
+  return element.get();
+}
+
 void AbstractDataObjectSection::throwElementIndexOutOfBounds(int index, int size) const {
   // Names go up through the sections, which is a reading operation in all but its signature.
   tvstring const name = const_cast<AbstractDataObjectSection *>(this)->getQualifiedName();
@@ -134,11 +140,9 @@ DataObjectSectionImpl::DataObjectSectionImpl(DataObjectSectionImpl const &other,
   copy(other, parent);
 }
 
-DataObject *DataObjectSectionImpl::getElement(int index) const {
+void DataObjectSectionImpl::throwNoElement(int index) const {
   if (elements_.empty()) throwElementIndexOutOfBounds(index, 0);
-  if (static_cast<size_t>(static_cast<unsigned>(index)) >= elements_.size())
-    throw std::out_of_range("invalid vector<T> subscript");
-  return elements_[static_cast<size_t>(index)].get();
+  throw std::out_of_range("invalid vector<T> subscript");
 }
 
 bool DataObjectSectionImpl::removeElement(int index) {

@@ -40,6 +40,8 @@ class TAVRONE_API AbstractDataObjectSection : public DataObjectSection {
   // Asked for each element before it is added. Sections of one class of elements (TypedSection.h) refuse others with
   // ClassCastException; here all are welcome.
   virtual void admitElement(DataObject *element) const;
+  // A new element, added; the section's.
+  virtual DataObject *addNewElement();
 
  protected:
   // Raises FieldNotFoundException "Error accessing element of section ...".
@@ -64,7 +66,10 @@ class TAVRONE_API DataObjectSectionImpl : public AbstractDataObjectSection {
   ~DataObjectSectionImpl() noexcept(false) override;
 
   // Raises FieldNotFoundException on an empty list, std::out_of_range "invalid vector<T> subscript" on another.
-  DataObject *getElement(int index) const override;
+  DataObject *getElement(int index) const override {
+    if (static_cast<size_t>(static_cast<unsigned>(index)) >= elements_.size()) throwNoElement(index);
+    return elements_[static_cast<size_t>(index)].get();
+  }
   // Raises FieldNotFoundException whose text is the tail of "Index out of bounds " from the index on; that is meant.
   bool removeElement(int index) override;
   // Raises IllegalArgumentException "The parent of the element added is not this section".
@@ -83,6 +88,9 @@ class TAVRONE_API DataObjectSectionImpl : public AbstractDataObjectSection {
 
  protected:
   std::vector<SmartPtr<DataObject>> elements_;
+
+ private:
+  [[noreturn]] void throwNoElement(int index) const;
 };
 
 // At most one element: a nested record.

@@ -29,8 +29,12 @@ Value const &storedValue(DataObject const &record, FieldMetaInfo const &field) {
   return *reinterpret_cast<Value const *>(reinterpret_cast<char const *>(&record) + field.getOffset());
 }
 template <class Value>
+Value &storedValue(DataObject &record, int offset) {
+  return *reinterpret_cast<Value *>(reinterpret_cast<char *>(&record) + offset);
+}
+template <class Value>
 Value &storedValue(DataObject &record, FieldMetaInfo const &field) {
-  return *reinterpret_cast<Value *>(reinterpret_cast<char *>(&record) + field.getOffset());
+  return storedValue<Value>(record, field.getOffset());
 }
 
 // Marks the field as set, after a value was written in place. REQUIRES: record.hasFieldOffsets()

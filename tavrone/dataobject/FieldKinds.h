@@ -110,9 +110,9 @@ template <class Call>
       return call(KindTag<FieldKind::DATA_OBJECT>());
     case FieldKind::RAW_MESSAGE:
     case FieldKind::OTHER:
-      break;
+      return call(KindTag<FieldKind::OTHER>());
   }
-  return call(KindTag<FieldKind::OTHER>());
+  __builtin_unreachable();
 }
 
 }  // namespace tavrone

@@ -36,21 +36,23 @@ template <class Sink>
 // A declared record: where it keeps the values.
 template <class Sink>
 char *walkStored(char *at, AbstractDataObject &object, Sink &&sink) {
-  DataObjectMetaInfo const &type = *object.getMetaInfo();
-  int i = -1;
-  for (FieldMetaInfo const *pointer : type) {
-    if (!object.isNotNull(++i)) continue;
-    FieldMetaInfo const &field = *pointer;
-    at = withKind(field.getOffset() < 0 ? FieldKind::OTHER : field.getKind(), [&](auto kind) TAVRONE_INLINED {
+  DataObjectMetaInfo const &type = *object.AbstractDataObject::getMetaInfo();
+  FieldPlace const *const places = type.getFieldPlaces().data();
+  int const count = type.getFieldCount();
+  for (int i = 0; i < count; ++i) {
+    if (!object.isNotNull(i)) continue;
+    FieldPlace const place = places[i];
+    auto const field = [&]() -> FieldMetaInfo const & { return *type.begin()[i]; };
+    at = withKind(place.kind, [&](auto kind) TAVRONE_INLINED {
       constexpr FieldKind KIND = kind;
       if constexpr (KIND == FieldKind::SECTION)
-        return sink.section(at, i, field, &storedValue<DataObjectSectionImpl>(object, field));
+        return sink.section(at, i, field(), &storedValue<DataObjectSectionImpl>(object, place.offset));
       else if constexpr (KIND == FieldKind::DATA_OBJECT)
-        return sink.section(at, i, field, &storedValue<DataObjectSingleElementSectionImpl>(object, field));
+        return sink.section(at, i, field(), &storedValue<DataObjectSingleElementSectionImpl>(object, place.offset));
       else if constexpr (HasPlainValue<KIND>)
-        return sink.plain(kind, at, i, field, storedValue<typename FieldOf<KIND>::Value>(object, field));
+        return sink.plain(kind, at, i, field(), storedValue<typename FieldOf<KIND>::Value>(object, place.offset));
       else
-        return walkMade(at, object, i, field, sink);
+        return walkMade(at, object, i, field(), sink);
     });
   }
   return at;

@@ -51,6 +51,10 @@ tvstring internType(tvstring const &type) {
   return row == nullptr ? internText(type) : *row->type;
 }
 
+FieldPlace placeOf(FieldMetaInfo const &field) {
+  return {field.getOffset() < 0 ? FieldKind::OTHER : field.getKind(), field.getOffset()};
+}
+
 bool isLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
 }
@@ -157,6 +161,7 @@ DataObjectMetaInfo &DataObjectMetaInfo::operator=(DataObjectMetaInfo const &othe
     DataObjectMetaInfo copy(other);
     name_ = copy.name_;
     fields_.swap(copy.fields_);
+    places_.swap(copy.places_);
     fieldMap_.swap(copy.fieldMap_);
     mangledMap_.swap(copy.mangledMap_);
     parentSection_ = copy.parentSection_;
@@ -182,6 +187,12 @@ int DataObjectMetaInfo::getFieldIndexIfExists(tvstring const &name) const {
 
 bool DataObjectMetaInfo::isSection(int index) const {
   return dynamic_cast<SectionMetaInfo const *>(getFieldMetaInfo(index)) != nullptr;
+}
+
+void DataObjectMetaInfo::setFieldOffset(int index, int offset) {
+  FieldMetaInfo &field = *getFieldMetaInfo(index);
+  field.offset_ = offset;
+  places_[static_cast<size_t>(index)] = placeOf(field);
 }
 
 void DataObjectMetaInfo::throwIndexNotDefined(int index) {
@@ -221,7 +232,9 @@ void DataObjectMetaInfo::addParentFields(DataObjectMetaInfo const *parent) {
 }
 
 void DataObjectMetaInfo::createFieldMap() {
+  places_.clear();
   for (FieldMetaInfo *field : fields_) {
+    places_.push_back(placeOf(*field));
     fieldMap_.emplace(field->getName(), field);
     mangledMap_.emplace(field->getMangledName(), field);
   }

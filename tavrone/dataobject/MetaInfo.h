@@ -66,9 +66,10 @@ class TAVRONE_API FieldMetaInfo : public Object {
   static FieldKind kindOf(tvstring const &type);
   // Where a declared record keeps the value, in bytes from its DataObject; -1 where only the accessors know.
   int getOffset() const { return offset_; }
-  void setOffset(int offset) { offset_ = offset; }
 
  protected:
+  friend class DataObjectMetaInfo;
+
   tvstring name_;
   tvstring type_;
   bool optional_;
@@ -77,6 +78,12 @@ class TAVRONE_API FieldMetaInfo : public Object {
   mutable tvstring mangledName_;
   FieldKind kind_;
   int offset_ = -1;
+};
+
+// What a walk over a declared record's fields needs of each, side by side in memory.
+struct FieldPlace {
+  FieldKind kind;  // OTHER where only the accessors know the value
+  int offset;
 };
 
 // A field that holds a section.
@@ -133,6 +140,9 @@ class TAVRONE_API DataObjectMetaInfo : public Object {
   // The fields in index order.
   auto begin() const { return fields_.begin(); }
   auto end() const { return fields_.end(); }
+  // Each field's kind and offset, in index order.
+  std::vector<FieldPlace> const &getFieldPlaces() const { return places_; }
+  void setFieldOffset(int index, int offset);
 
   // Raise FieldNotFoundException "Field at index <i> not defined" or "Field with name <name> not defined".
   FieldMetaInfo *getFieldMetaInfo(int index) const {
@@ -163,6 +173,7 @@ class TAVRONE_API DataObjectMetaInfo : public Object {
 
   tvstring name_;
   std::vector<FieldMetaInfo *> fields_;
+  std::vector<FieldPlace> places_;
   std::map<tvstring, FieldMetaInfo *> fieldMap_;
   std::map<tvstring, FieldMetaInfo *> mangledMap_;
   SectionMetaInfo *parentSection_ = nullptr;

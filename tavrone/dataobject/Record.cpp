@@ -143,8 +143,7 @@ DataObjectMetaInfo *RecordBase::makeMetaInfo(char const *name, MemberRow const *
 
 void RecordBase::setOffset(std::size_t index, void const *value) const {
   auto const *start = reinterpret_cast<char const *>(static_cast<DataObject const *>(this));
-  metaInfo->getFieldMetaInfo(static_cast<int>(index))
-      ->setOffset(static_cast<int>(static_cast<char const *>(value) - start));
+  metaInfo->setFieldOffset(static_cast<int>(index), static_cast<int>(static_cast<char const *>(value) - start));
 }
 
 }  // namespace tavrone

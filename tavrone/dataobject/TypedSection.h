@@ -21,6 +21,7 @@ namespace tavrone {
 template <class Element, class Form>
 class TAVRONE_API TypedSection : public Form {
   using Held = SmartPtr<DataObject>;
+  static constexpr bool IS_LIST = std::is_base_of_v<DataObjectSectionImpl, Form>;
 
  public:
   using FormType = Form;
@@ -54,11 +55,11 @@ class TAVRONE_API TypedSection : public Form {
   // Clones of the other's elements under the given parent.
   TypedSection(TypedSection const &other, DataObject *parent) { this->copy(other, parent); }
 
-  Iterator<Element> begin() { return Iterator<Element>(first()); }
-  Iterator<Element> end() { return Iterator<Element>(first() + size()); }
-  Iterator<Element const> begin() const { return Iterator<Element const>(first()); }
-  Iterator<Element const> end() const { return Iterator<Element const>(first() + size()); }
-  int size() const { return this->getElementCount(); }
+  Iterator<Element> begin() { return Iterator<Element>(first(*this)); }
+  Iterator<Element> end() { return Iterator<Element>(first(*this) + size()); }
+  Iterator<Element const> begin() const { return Iterator<Element const>(first(*this)); }
+  Iterator<Element const> end() const { return Iterator<Element const>(first(*this) + size()); }
+  int size() const { return Form::getElementCount(); }
   // Fails as getElement does.
   Element &operator[](int index) { return static_cast<Element &>(*this->getElement(index)); }
   Element const &operator[](int index) const { return static_cast<Element const &>(*this->getElement(index)); }
@@ -87,13 +88,30 @@ class TAVRONE_API TypedSection : public Form {
   DataObject *createElement() override { return this->getParent() == nullptr ? Form::createElement() : newElement(); }
   // An element that somebody else holds goes out of the section and no longer points to it.
   void clear() override {
+    if (size() == 0) return;
     mostHeld_ = std::max(mostHeld_, static_cast<std::size_t>(size()));
     spares_.reserve(mostHeld_);
     for (Element &element : *this) retire(element);
+    // From the last on, so that each comes back at its old place.
+    for (Held *held = first(*this) + size(); held != first(*this);)
+      if ((*--held)->unique() && spares_.size() < mostHeld_) spares_.push_back(std::move(*held));
     Form::clear();
   }
   DataObjectSection *clone() const override { return new TypedSection(*this, nullptr); }
   void admitElement(DataObject *element) const override { tellClass(*checkedCast<Element>(element)); }
+  // A spare changes hands without its count.
+  DataObject *addNewElement() override {
+    if (spares_.empty() || Form::getParent() == nullptr || (!IS_LIST && size() != 0)) return Form::addNewElement();
+    Held &spare = spares_.back();
+    DataObject *const element = spare.get();
+    element->setParentSection(this);
+    if constexpr (IS_LIST)
+      this->elements_.push_back(std::move(spare));
+    else
+      this->element_ = std::move(spare);
+    spares_.pop_back();
+    return element;
+  }
 
  private:
   // A declared record can't know which class derives from it, and needs to for its clones.
@@ -101,17 +119,18 @@ class TAVRONE_API TypedSection : public Form {
     if constexpr (requires { element.template setClass<Element>(); }) element.template setClass<Element>();
   }
 
-  Held const *first() const {
-    if constexpr (std::is_base_of_v<DataObjectSectionImpl, Form>)
-      return this->elements_.data();
+  template <class Section>
+  static auto *first(Section &section) {
+    if constexpr (IS_LIST)
+      return section.elements_.data();
     else
-      return &this->element_;
+      return &section.element_;
   }
 
   Element *takeSpare() {
-    SmartPtr<Element> spare(std::move(spares_.back()));
+    Held spare(std::move(spares_.back()));
     spares_.pop_back();
-    Element *element = spare.get();
+    auto *element = static_cast<Element *>(spare.get());
     // The section's reference goes without the element's going.
     element->addRef();
     spare.release();
@@ -122,13 +141,12 @@ class TAVRONE_API TypedSection : public Form {
   void retire(Element &element) {
     if (!element.unique()) {
       if (element.getParentSection() == this) element.setParentSection(nullptr);
-    } else if (spares_.size() < mostHeld_) {
+    } else {
       element.reset();
-      spares_.emplace_back(&element);
     }
   }
 
-  std::vector<SmartPtr<Element>> spares_;
+  std::vector<Held> spares_;
   std::size_t mostHeld_ = 0;
 };
 
