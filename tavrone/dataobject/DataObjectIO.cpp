@@ -13,9 +13,13 @@
 #include "tavrone/dataobject/FieldKinds.h"
 #include "tavrone/dataobject/FieldWalk.h"
 
-// Both directions work on plain pointers into the buffer and give it back its position at the end. A field goes one of
-// two ways: where a declared record keeps it, or through the virtual accessors with a wrapper on the stack. Both end in
-// the same code for the kind of its value.
+// Both directions work on plain pointers into the buffer and give it back its position at the end. There is one walk
+// for each: Writer::Fields takes what walkFields (FieldWalk.h) finds, Reader::object asks for the next field by its id.
+// A field goes one of two ways: where a declared record keeps it, by the metadata's table of kinds and offsets, or
+// through the virtual accessors with a wrapper on the stack. Both end in `plain`, the code for the kind of its value.
+//
+// What is written makes sure of room once: a field's id and a value of bounded length, or a short text, share one look;
+// only longer values look again. What is read looks before each number, and once for a text.
 
 namespace tavrone {
 

@@ -10,9 +10,9 @@ class DataObject;
 class Object;
 
 // The stored form of a record: for each field that is not null its index plus 1 and its value, then a 0. No header, no
-// version; names and types are not in it, so a reader needs the writer's metadata. A stored stream is hostile input: every
-// read fails with TransformException "Out of bounds" past the end, counts and lengths reserve no more than what remains, and
-// records nested deeper than 500 fail with "Nesting too deep".
+// version; names and types are not in it, so a reader needs the writer's metadata. A stored stream is hostile input:
+// every read fails with TransformException "Out of bounds" past the end, counts and lengths reserve no more than what
+// remains, and records nested deeper than 500 fail with "Nesting too deep".
 //
 // "Binary" is written as hexadecimal and read as that text's bytes; ISO types are written and not read. Both are kept.
 class TAVRONE_API DataObjectIO {

@@ -91,11 +91,8 @@ class TAVRONE_API TypedSection : public Form {
     if (size() == 0) return;
     mostHeld_ = std::max(mostHeld_, static_cast<std::size_t>(size()));
     spares_.reserve(mostHeld_);
-    for (Element &element : *this) retire(element);
     // From the last on, so that each comes back at its old place.
-    for (Held *held = first(*this) + size(); held != first(*this);)
-      if ((*--held)->unique() && spares_.size() < mostHeld_) spares_.push_back(std::move(*held));
-    Form::clear();
+    while (size() != 0) retire(takeLast());
   }
   DataObjectSection *clone() const override { return new TypedSection(*this, nullptr); }
   void admitElement(DataObject *element) const override { tellClass(*checkedCast<Element>(element)); }
@@ -138,11 +135,21 @@ class TAVRONE_API TypedSection : public Form {
     return element;
   }
 
-  void retire(Element &element) {
-    if (!element.unique()) {
-      if (element.getParentSection() == this) element.setParentSection(nullptr);
+  Held takeLast() {
+    if constexpr (IS_LIST) {
+      Held last(std::move(this->elements_.back()));
+      this->elements_.pop_back();
+      return last;
     } else {
-      element.reset();
+      return std::move(this->element_);
+    }
+  }
+  void retire(Held element) {
+    if (!element->unique()) {
+      if (element->getParentSection() == this) element->setParentSection(nullptr);
+    } else if (spares_.size() < mostHeld_) {
+      element->reset();
+      spares_.push_back(std::move(element));
     }
   }
 

@@ -328,9 +328,11 @@ TEST(DataObjectIO, AllocatesNothingWhereThereIsRoom) {
     DataObjectIO::parse(order.get(), stored);
   };
   for (int i = 0; i < 2; ++i) parse();
+  DataObject const *leg = order->getSection("Legs")->getElement(0);
   AllocationCount const allocations;
   parse();
   EXPECT_EQ(allocations.soFar(), 0);
+  EXPECT_EQ(order->getSection("Legs")->getElement(0), leg);
   // What shares a text with the record keeps it.
   tvstring const kept = order->getFieldVal("OrderID")->getString();
   DataObjectIO::parse(order.get(), bytes("0102787900"));
