@@ -76,7 +76,7 @@ struct Transaction : AbstractInternalMessage {
   }
   DataObject *createNormalizedObject() override { return new Trade; }
 };
-bool const bound = LookupContextFactory::bindFactory<Transaction>("Transaction");
+bool const bound = bindFactory<Transaction>("Transaction");
 
 // Five texts and five numbers, each ended by '|'. The texts are views on one copy of the payload.
 void parseTrade(InputSource &input, Trade &trade) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tavrone/context/ObjectPtrMap.h"
-#include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/SmartPtr.h"
 #include "tavrone/core/TList.h"
 
@@ -110,16 +109,6 @@ class TAVRONE_API LookupContextFactory {
   static LookupContextFactory *getLookupContextFactory();
   // A new handle at each call, so that no count is shared between threads.
   static SmartPtr<ILookupContext> getLookupContext();
-  // Binds a factory: each look-up of a service under the name makes a new T by its default constructor. Raises
-  // NamingException "<name> already bound", which ends the program where nobody can catch it yet. Returns true, so that
-  // one line at namespace scope binds a component while its library loads:
-  //
-  //   static bool const bound = LookupContextFactory::bindFactory<OrderFormat>("order.input");
-  template <class T>
-  static bool bindFactory(tvstring const &name) {
-    getLookupContext()->bind(name, new DefaultObjectFactory<T>);
-    return true;
-  }
 
   SmartPtr<ILookupContext> createLookupContext();
 };

@@ -11,13 +11,6 @@ class TAVRONE_API ObjectFactory : public Object {
   virtual Object *create() = 0;
 };
 
-// The factory of a class that is made by its default constructor.
-template <class T>
-class DefaultObjectFactory : public ObjectFactory {
- public:
-  Object *create() override { return new T; }
-};
-
 // The base of what users write and generated code calls by class name.
 class TAVRONE_API ICustomClass : public virtual ObjectRef {};
 
@@ -28,15 +21,6 @@ class TAVRONE_API UserClassManager {
   // Takes over the factory, which may be null. The last registration of a name wins, and the factory before it is
   // released; the very factory that is registered stays.
   static void registerClass(tvstring const &name, ObjectFactory *factory);
-  // The same for a T made by its default constructor. Returns true, so that one line at namespace scope registers a
-  // class while its library loads:
-  //
-  //   static bool const registered = UserClassManager::registerClass<PriceRule>("PriceRule");
-  template <class T>
-  static bool registerClass(tvstring const &name) {
-    registerClass(name, new DefaultObjectFactory<T>);
-    return true;
-  }
   // A new object, the caller's. Raises TransformException "Class not found <name>".
   static Object *createInstance(tvstring const &name);
   // Whether createInstance would find a factory.

@@ -91,15 +91,15 @@ struct Rule : ICustomClass {
   tvstring toString() const override { return "a rule"; }
 };
 
-UserClass const rule("components.Rule", new DefaultObjectFactory<Rule>);
+UserClass const rule("components.Rule", new Factory<Rule>);
 Registrar const components([] {
-  LookupContextFactory::bindFactory<ExternalMessage>("components.external");
-  LookupContextFactory::bindFactory<InternalMessage>("components.internal");
-  LookupContextFactory::bindFactory<Mapping>("components.mapping");
-  LookupContextFactory::bindFactory<NormalizedMapping>("components.normalizedMapping");
-  LookupContextFactory::bindFactory<Flow>("components.flow");
-  LookupContextFactory::bindFactory<InputFormat>("components.input");
-  LookupContextFactory::bindFactory<OutputFormat>("components.output");
+  bindFactory<ExternalMessage>("components.external");
+  bindFactory<InternalMessage>("components.internal");
+  bindFactory<Mapping>("components.mapping");
+  bindFactory<NormalizedMapping>("components.normalizedMapping");
+  bindFactory<Flow>("components.flow");
+  bindFactory<InputFormat>("components.input");
+  bindFactory<OutputFormat>("components.output");
   LookupContextFactory::getLookupContext()->bind("components.protocol", new ContextOutputProtocol);
   LookupContextFactory::getLookupContext()->bind("components.text", new StringObject(runtimeAtWork()));
 });

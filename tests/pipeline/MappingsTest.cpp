@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "examples/messages/GeneratedOrder.h"
+#include "tavrone/context/Factory.h"
 #include "tests/Failure.h"
 
 namespace tavrone {
@@ -69,7 +70,7 @@ std::string mapped(Rules &&rules, From &from, To &to) {
 }
 
 TEST(MappingRules, RunTheGeneratedBodyThenTheCustomClass) {
-  UserClassManager::registerClass<Custom>("mappings.Custom");
+  registerClass<Custom>("mappings.Custom");
   SmartPtr<DataObject> const source = leg("S");
   ExternalObject from(leg("h"), leg("d"), nullptr), to(leg("H"), leg("D"), leg("T"));
   EXPECT_EQ(mapped(Input(), from, *source), "body:dS ");
@@ -81,7 +82,7 @@ TEST(MappingRules, RunTheGeneratedBodyThenTheCustomClass) {
 }
 
 TEST(MappingRules, RefuseACustomClassOfAnotherKindAtTheFirstMessage) {
-  UserClassManager::registerClass<StringObject>("mappings.Wrong");
+  registerClass<StringObject>("mappings.Wrong");
   TransformContext context;
   ExternalObject external(nullptr, leg("d"), nullptr);
   Input input("mappings.Wrong");

@@ -1,3 +1,4 @@
+#include "tavrone/context/Factory.h"
 #include "tavrone/pipeline/Rules.h"
 
 #include <gtest/gtest.h>
@@ -91,8 +92,8 @@ struct Custom : IFieldValidation, IInvokable {
 };
 
 TEST(CustomClassSupport, MakesEachClassOnceForItsOwnerAndKind) {
-  UserClassManager::registerClass<Custom>("rules.Custom");
-  UserClassManager::registerClass<StringObject>("rules.Other");
+  registerClass<Custom>("rules.Custom");
+  registerClass<StringObject>("rules.Other");
   TransformContext context;
   ObjectList arguments;
   Fields rules;

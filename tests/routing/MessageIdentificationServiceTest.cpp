@@ -1,3 +1,4 @@
+#include "tavrone/context/Factory.h"
 #include "tavrone/routing/MessageIdentificationService.h"
 
 #include <gtest/gtest.h>
@@ -54,8 +55,8 @@ TEST(MessageIdentificationService, RefusesClassesThatAreNoIdentifiers) {
     Object *create() override { return nullptr; }
   };
   UserClassManager::registerClass("test.Null", new NullFactory);
-  UserClassManager::registerClass<TestFormat>("test.Format");
-  UserClassManager::registerClass<TestIdentifier>("test.Identifier");
+  registerClass<TestFormat>("test.Format");
+  registerClass<TestIdentifier>("test.Identifier");
   MessageIdentificationService service;
   auto const failure = [&](char const *name) {
     return failureOf<ClassCastException>([&] { service.registerMessageIdentifer(name); }).text;
