@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <new>
 
+#include "tavrone/context/Factory.h"
 #include "tavrone/core/Conversion.h"
 #include "tavrone/dataobject/Record.h"
 #include "tavrone/pipeline/AbstractInputFormat.h"

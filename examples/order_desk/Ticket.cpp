@@ -4,8 +4,8 @@ namespace examples {
 
 namespace {
 
-[[maybe_unused]] bool const BOUND = LookupContextFactory::bindFactory<OrderToTicket>("OrderToTicket") &&
-                                    LookupContextFactory::bindFactory<TicketFormat>("Ticket");
+[[maybe_unused]] bool const BOUND = bindFactory<OrderToTicket>("OrderToTicket") &&
+                                    bindFactory<TicketFormat>("Ticket");
 
 // One instrument by its symbol, a combination by its legs: "ACME-BETA".
 tvstring instrumentOf(Order const &order) {
