@@ -33,7 +33,7 @@ struct GreetingFormat : IInputFormat {
 };
 
 int main() {
-  bindFactory<GreetingFormat>("greetings");
+  DefaultObjectFactory<GreetingFormat>::bind("greetings");
 
   auto *identification = new MessageIdentificationService;
   identification->registerMessageIdentifer(new GreetingIdentifier);

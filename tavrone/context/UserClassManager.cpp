@@ -14,7 +14,8 @@ void UserClassManager::registerClass(tvstring const &name, ObjectFactory *factor
     ObjectRef::releaseRef(old);
   }
   ObjectRef::addRef(factory);
-  classes.emplace(name, factory);
+  // Text of its own: the name may be a view on bytes that go.
+  classes.emplace(tvstring(name.data(), name.length()), factory);
 }
 
 Object *UserClassManager::createInstance(tvstring const &name) {

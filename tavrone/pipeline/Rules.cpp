@@ -85,6 +85,11 @@ void FieldsValidationRules::throwFieldInvalid(tvstring const &rule, tvstring con
   throwFieldInvalid(rule, field, tvstring(), tvstring(), cascadable, object, index);
 }
 
+void FieldsValidationRules::throwFieldInvalid(tvstring const &rule, tvstring const &field, tvstring const &message,
+                                              bool cascadable, DataObject *object, int index) {
+  throwFieldInvalid(rule, field, tvstring(), message, cascadable, object, index);
+}
+
 void FieldsValidationRules::throwFieldInvalid(tvstring const &rule, tvstring const &field, tvstring const &code,
                                               tvstring const &, bool cascadable, DataObject *, int index) {
   FieldValidationException failure = fieldInvalid(rule, field, FIELDS_SOURCE);

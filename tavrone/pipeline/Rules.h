@@ -72,6 +72,8 @@ class TAVRONE_API FieldsValidationRules : public AbstractValidationRules {
   [[noreturn]] static void throwFieldInvalid(tvstring const &rule, tvstring const &field);
   [[noreturn]] static void throwFieldInvalid(tvstring const &rule, tvstring const &field, bool cascadable,
                                              DataObject *object, int index);
+  [[noreturn]] static void throwFieldInvalid(tvstring const &rule, tvstring const &field, tvstring const &message,
+                                             bool cascadable, DataObject *object, int index);
   [[noreturn]] static void throwFieldInvalid(tvstring const &rule, tvstring const &field, tvstring const &code,
                                              tvstring const &message, bool cascadable, DataObject *object, int index);
 
@@ -97,11 +99,8 @@ class TAVRONE_API ProcessingRules {
  public:
   virtual ~ProcessingRules() noexcept(false);
 
- protected:
   // preprocess, validate, postprocess, checkNotNull, in this order; validate before postprocess is meant.
   virtual void process0(DataObject *object, TransformContext &context);
-
- public:
   virtual void preprocess(DataObject *object);
   virtual void postprocess(DataObject *object);
   virtual void validate(DataObject *object);
@@ -128,8 +127,6 @@ class TAVRONE_API BusinessProcessingRules : public ProcessingRules {
 
   using ProcessingRules::process;
   virtual void process(DataObject *object);
-
- protected:
   void process0(DataObject *object, TransformContext &context) override;
 };
 

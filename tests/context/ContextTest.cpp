@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tavrone/context/Factory.h"
+#include "tavrone/context/DefaultObjectFactory.h"
 #include "tavrone/context/LookupContext.h"
 #include "tavrone/context/UserClassManager.h"
 #include "tests/Tracked.h"
@@ -49,7 +49,7 @@ TEST(LookupContext, BindTakesOverWhatItRefuses) {
 
 TEST(UserClassManager, TheLastRegistrationWins) {
   UserClass const first("test.Class", new Factory);
-  UserClass const second("test.Class", new ::tavrone::Factory<TestFormat>);
+  UserClass const second("test.Class", new DefaultObjectFactory<TestFormat>);
   EXPECT_EQ(Factory::alive, 0);
   auto *factory = new Factory;
   UserClassManager::registerClass("test.Class", factory);
@@ -60,6 +60,14 @@ TEST(UserClassManager, TheLastRegistrationWins) {
   EXPECT_EQ(Factory::alive, 0);
   EXPECT_EQ(failureOf<TransformException>([] { UserClassManager::createInstance("test.Class"); }),
             "cpp/UserClassManager:28:Class not found test.Class");
+}
+
+TEST(UserClassManager, KeepsANameWhoseBytesGo) {
+  char name[] = "test.View";
+  UserClassManager::registerClass(tvstring().static_string(name), new Factory);
+  name[0] = 'x';
+  EXPECT_TRUE(UserClassManager::isRegistered("test.View"));
+  UserClassManager::registerClass("test.View", nullptr);
 }
 
 TEST(Registrar, RunsItsFunctionOnceAtConstruction) {

@@ -46,7 +46,7 @@ struct InputFormat : AbstractInputFormat {
 };
 
 TEST(InputFormat, ParsesEveryMessageIntoOneObject) {
-  bindFactory<Transaction>("test.Transaction");
+  DefaultObjectFactory<Transaction>::bind("test.Transaction");
   EXPECT_EQ(traced([] { InputFormat("absent"); }), "Unable to lookup 'absent'/");
   SmartPtr<InputFormat> const format = new InputFormat("test.Transaction");
   TransformContext context;

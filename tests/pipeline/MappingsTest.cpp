@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "examples/messages/GeneratedOrder.h"
-#include "tavrone/context/Factory.h"
+#include "tavrone/context/DefaultObjectFactory.h"
 #include "tests/Failure.h"
 
 namespace tavrone {
@@ -70,7 +70,7 @@ std::string mapped(Rules &&rules, From &from, To &to) {
 }
 
 TEST(MappingRules, RunTheGeneratedBodyThenTheCustomClass) {
-  registerClass<Custom>("mappings.Custom");
+  DefaultObjectFactory<Custom>::registerClass("mappings.Custom");
   SmartPtr<DataObject> const source = leg("S");
   ExternalObject from(leg("h"), leg("d"), nullptr), to(leg("H"), leg("D"), leg("T"));
   EXPECT_EQ(mapped(Input(), from, *source), "body:dS ");
@@ -82,7 +82,7 @@ TEST(MappingRules, RunTheGeneratedBodyThenTheCustomClass) {
 }
 
 TEST(MappingRules, RefuseACustomClassOfAnotherKindAtTheFirstMessage) {
-  registerClass<StringObject>("mappings.Wrong");
+  DefaultObjectFactory<StringObject>::registerClass("mappings.Wrong");
   TransformContext context;
   ExternalObject external(nullptr, leg("d"), nullptr);
   Input input("mappings.Wrong");
