@@ -32,16 +32,16 @@ class TAVRONE_API ExternalObject : public AbstractDataObject {
   tvstring toXMLString() override;
   tvstring toXMLString(int level) override;
 
+  // The parts by index, whatever their flags say: each borrowed, or null. A wrapper of the caller's cannot take one: it
+  // fails by its own setObject.
+  using AbstractDataObject::getField0;
+  Object *getField0(int index, Object *out) const override;
+  // Takes a reference on the value, which must be a DataObject: else ClassCastException. Leaves the flag as it is.
+  void setField0(int index, Object const *value) override;
+
   SmartPtr<DataObject> header;
   SmartPtr<DataObject> data;
   SmartPtr<DataObject> trailer;
-
- protected:
-  using AbstractDataObject::getField0;
-  // The part itself. A wrapper of the caller's cannot take one: it fails by its own setObject.
-  Object *getField0(int index, Object *out) const override;
-  // Takes a reference on the value, which must be a DataObject: else ClassCastException.
-  void setField0(int index, Object const *value) override;
 
  private:
   using Part = SmartPtr<DataObject> ExternalObject::*;

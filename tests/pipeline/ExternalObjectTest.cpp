@@ -37,6 +37,7 @@ TEST(ExternalObject, HandsOutItsPartsAsTheyAre) {
   object.setField(2, *leg("t"));
   object.setNull("Header");
   EXPECT_EQ(shown(object), "h?dt");
+  EXPECT_EQ(object.getField0(0), h.get());
   // A part changes its place, though nobody else holds it.
   object.setExternalObjects(object.getTrailer(), object.getHeader(), nullptr);
   EXPECT_EQ(shown(object), "th-");
