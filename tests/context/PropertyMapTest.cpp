@@ -124,15 +124,15 @@ TEST(PropertyMap, PrefixesMatchFromTheStartOfTheKey) {
   SmartPtr<PropertyMapImpl> const map = new PropertyMapImpl;
   SmartPtr<Object> const cleared[] = {new IntObject(1), new IntObject(2)};
   map->setProperty("a.b", cleared[0].get());
-  for (char const *key : {"ab", "x.a.b"}) map->setIntProperty(key, 0);
+  for (char const *key : {"ab", "x.a.b", "a."}) map->setIntProperty(key, 0);
   map->setProperty("a.c.d", cleared[1].get());
   SmartPtr<IPropertyMap> const subset = map->getProperties("a");
-  EXPECT_EQ(namesOf(*subset), "[b, c.d]");
+  EXPECT_EQ(namesOf(*subset), "[b, , c.d]");
   auto *const view = dynamic_cast<IPropertyMap2 *>(subset.get());
   EXPECT_EQ(view->getNames("c.").toString(), "[c.d]");
   EXPECT_EQ(view->getEntries("c.").at(0).getName(), "a.c.d");
   view->clear("c.");
-  EXPECT_EQ(namesOf(*map), "[a.b, ab, x.a.b]");
+  EXPECT_EQ(namesOf(*map), "[a.b, ab, x.a.b, a.]");
   subset->clearProperties();
   EXPECT_EQ(namesOf(*map), "[ab, x.a.b]");
 }

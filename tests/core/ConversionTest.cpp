@@ -23,13 +23,13 @@ TEST(Conversion, ReadsIntegersAndNamesWhatItCannotRead) {
   // "9999999999" wraps past the sign test unnoticed. After the tenth digit the wrapped value is positive: a further
   // digit overflows, a letter is a bad character.
   expectEach(
-      {"- -> 0", "+7 -> 7", "-2147483648 -> -2147483648", "9999999999 -> 1410065407", " -> Cannot convert '' to int",
-       "12a -> Cannot convert '12a' to int", "--1 -> Cannot convert '--1' to int",
+      {"- -> 0", "+7 -> 7", "00000000000000000000007 -> 7", "-2147483648 -> -2147483648", "9999999999 -> 1410065407",
+       " -> Cannot convert '' to int", "12a -> Cannot convert '12a' to int", "--1 -> Cannot convert '--1' to int",
        "2147483648 -> Integer overflow. Cannot convert '2147483648' to int",
        "30000000000x -> Integer overflow. Cannot convert '30000000000x' to int",
        "3000000000x -> Cannot convert '3000000000x' to int"},
       asInt);
-  expectEach({"- -> 0", "+7 -> 7", "-9223372036854775808 -> -9223372036854775808",
+  expectEach({"- -> 0", "+7 -> 7", "00000000000000000000007 -> 7", "-9223372036854775808 -> -9223372036854775808",
               "20000000000000000000 -> 1553255926290448384",
               "9223372036854775808 -> Long overflow. Cannot convert '9223372036854775808' to long",
               " -> Cannot convert '' to long", "12a -> Cannot convert '12a' to long",

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tavrone/core/Class.h"
 #include "tavrone/core/SmartPtr.h"
 #include "tavrone/core/Wrappers.h"
@@ -29,11 +31,7 @@ struct Counted : ObjectRef {
 class Uncloneable : public Object {};
 
 TEST(Object, EveryTypedOperationFailsWithBothTypeNames) {
-  struct {
-    char const *target;
-    void (*get)(Object const &);
-    void (*set)(Object &);
-  } const operations[] = {
+  std::tuple<char const *, void (*)(Object const &), void (*)(Object &)> const operations[] = {
       {"Integer", [](Object const &o) { o.getInt(); }, [](Object &o) { o.setInt(1); }},
       {"Long", [](Object const &o) { o.getLong(); }, [](Object &o) { o.setLong(1); }},
       {"Double", [](Object const &o) { o.getDouble(); }, [](Object &o) { o.setDouble(1); }},
@@ -48,11 +46,11 @@ TEST(Object, EveryTypedOperationFailsWithBothTypeNames) {
       {"Binary", [](Object const &o) { o.getBinary(); }, [](Object &o) { o.setBinary({}); }},
       {"RawMessage", [](Object const &o) { o.getRawMessage(); }, [](Object &o) { o.getRawMessage(); }},
       {"Object", [](Object const &o) { Object().setObject(&o); }, [](Object &o) { o.setObject(&o); }}};
-  for (auto const &operation : operations) {
+  for (auto const &[target, get, set] : operations) {
     Object object;
-    auto const expected = std::string("Cannot convert Object to ") + operation.target;
-    EXPECT_EQ(failureOf<TransformException>([&] { operation.get(object); }).text, expected);
-    EXPECT_EQ(failureOf<TransformException>([&] { operation.set(object); }).text, expected);
+    auto const expected = std::string("Cannot convert Object to ") + target;
+    EXPECT_EQ(failureOf<TransformException>([&, call = get] { call(object); }).text, expected);
+    EXPECT_EQ(failureOf<TransformException>([&, call = set] { call(object); }).text, expected);
   }
 }
 

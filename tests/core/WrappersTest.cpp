@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <limits>
+#include <tuple>
 
 #include "tavrone/core/SmartPtr.h"
 #include "tavrone/dataobject/DataObjectSectionImpl.h"
@@ -17,28 +18,24 @@ constexpr int MAX_INT = std::numeric_limits<int>::max();
 constexpr long long MIN_LONG = std::numeric_limits<long long>::min();
 
 TEST(NumberObjects, ConvertAsTheLanguageDoesAndNeverUndefined) {
-  struct {
-    double value;
-    int asInt;
-    long long asLong;
-  } const cases[] = {{2.9, 2, 2},
-                     {-2.9, -2, -2},
-                     {2147483647.9, MAX_INT, MAX_INT},
-                     {2147483648.0, MIN_INT, 2147483648LL},
-                     {-2147483648.9, MIN_INT, -2147483648LL},
-                     {-9223372036854775808.0, MIN_INT, MIN_LONG},
-                     {9223372036854775808.0, MIN_INT, MIN_LONG},
-                     {1e300, MIN_INT, MIN_LONG},
-                     {std::numeric_limits<double>::quiet_NaN(), MIN_INT, MIN_LONG}};
-  for (auto const &c : cases) {
+  std::tuple<double, int, long long> const cases[] = {{2.9, 2, 2},
+                                                      {-2.9, -2, -2},
+                                                      {2147483647.9, MAX_INT, MAX_INT},
+                                                      {2147483648.0, MIN_INT, 2147483648LL},
+                                                      {-2147483648.9, MIN_INT, -2147483648LL},
+                                                      {-9223372036854775808.0, MIN_INT, MIN_LONG},
+                                                      {9223372036854775808.0, MIN_INT, MIN_LONG},
+                                                      {1e300, MIN_INT, MIN_LONG},
+                                                      {std::numeric_limits<double>::quiet_NaN(), MIN_INT, MIN_LONG}};
+  for (auto const &[value, whole, wide] : cases) {
     IntObject asInt;
-    asInt.setDouble(c.value);
+    asInt.setDouble(value);
     LongObject asLong;
-    asLong.setDouble(c.value);
-    EXPECT_EQ(asInt.getValue(), c.asInt) << c.value;
-    EXPECT_EQ(asLong.getValue(), c.asLong) << c.value;
-    EXPECT_EQ(DoubleObject(c.value).intValue(), c.asInt) << c.value;
-    EXPECT_EQ(DoubleObject(c.value).longValue(), c.asLong) << c.value;
+    asLong.setDouble(value);
+    EXPECT_EQ(asInt.getValue(), whole) << value;
+    EXPECT_EQ(asLong.getValue(), wide) << value;
+    EXPECT_EQ(DoubleObject(value).intValue(), whole) << value;
+    EXPECT_EQ(DoubleObject(value).longValue(), wide) << value;
   }
   EXPECT_EQ(FloatObject(2147483648.0F).getInt(), MIN_INT);
   EXPECT_EQ(FloatObject(-1e30F).getLong(), MIN_LONG);

@@ -7,8 +7,10 @@
 
 #include "examples/messages/GeneratedOrder.h"
 #include "examples/messages/Order.h"
+#include "tests/Cases.h"
 #include "tests/Failure.h"
 #include "tests/core/AllocationCount.h"
+#include "tests/dataobject/Orders.h"
 
 namespace tavrone {
 namespace {
@@ -17,8 +19,7 @@ using examples::GeneratedLeg;
 using examples::GeneratedOrder;
 
 std::string hexOf(ByteBuffer const &buffer) {
-  tvstring const text = Binary(buffer.str(), static_cast<size_t>(buffer.length())).toHexString();
-  return std::string(text.data(), text.length());
+  return str(Binary(buffer.str(), static_cast<size_t>(buffer.length())).toHexString());
 }
 std::string hexOf(DataObject *object) {
   ByteBuffer out;
@@ -30,45 +31,18 @@ Binary bytes(std::string const &hex) {
 }
 
 void fill(DataObject &order) {
-  order.setField("OrderID", StringObject("ab"));
-  order.setField("Account", StringObject("\xE9!"));
-  order.setField("Symbol", StringObject());
-  order.setField("Side", CharObject('\xE9'));
-  order.setField("Quantity", IntObject(-2));
-  order.setField("ExecutedQuantity", LongObject(0x0102030405060708));
-  order.setField("Price", DoubleObject(1.5));
-  order.setField("Rate", FloatObject(-2));
-  order.setField("Notional", BigDecimalObject("-120.50"));
-  order.setField("TradeDate", DateObject(DateTime(2026, 2, 3, 0, 0, 0, 0)));
-  order.setField("TransactTime", DateObject(DateTime(-1, 12, 31, 23, 59, 58, 999)));
-  order.setField("AllOrNone", BoolObject(true));
-  order.setField("Signature", BinaryObject(Binary("\x01\xFF", 2)));
-  DataObjectSection *legs = order.getSection("Legs");
-  for (int i = 0; i < 2; ++i) {
-    SmartPtr<DataObject> const leg(legs->createElement());
-    leg->setField("Ratio", IntObject(i));
-    legs->addElement(leg.get());
-  }
+  setFields(order, 0, StringObject("ab"), StringObject("\xE9!"), StringObject(), CharObject('\xE9'), IntObject(-2),
+            LongObject(0x0102030405060708), DoubleObject(1.5), FloatObject(-2), BigDecimalObject("-120.50"),
+            DateObject(DateTime(2026, 2, 3, 0, 0, 0, 0)), DateObject(DateTime(-1, 12, 31, 23, 59, 58, 999)),
+            BoolObject(true), BinaryObject(Binary("\x01\xFF", 2)));
+  for (int ratio : {0, 1}) addLeg(order, ratio);
 }
 
 constexpr char FILLED[] =
-    "01026162"
-    "0202E9FFFFFF0F21"
-    "0300"
-    "04E9FFFFFF0F"
-    "05FFFFFFFE"
-    "060102030405060708"
-    "073FF8000000000000"
-    "08C0000000"
-    "09062D3132302E35"
-    "0AEA0F0203"
-    "0BFFFFFFFF0F0C1F173B3AE707"
-    "0C0474727565"
-    "0D0430314646"
-    "0F02"
-    "020000000000"
-    "020000000100"
-    "00";
+    "010261620202E9FFFFFF0F21030004E9FFFFFF0F"
+    "05FFFFFFFE060102030405060708073FF800000000000008C000000009062D3132302E35"
+    "0AEA0F02030BFFFFFFFF0F0C1F173B3AE7070C04747275650D0430314646"
+    "0F0202000000000002000000010000";
 
 DataObjectMetaInfo *genericOrder() {
   static DataObjectMetaInfo *const type = [] {
@@ -118,26 +92,18 @@ class Envelope : public AbstractDataObject {
 };
 
 TEST(DataObjectIO, FastUnsignedIntsTakeOneToFiveBytes) {
-  struct {
-    unsigned value;
-    char const *hex;
-  } const cases[] = {{0, "00"},
-                     {0x7F, "7F"},
-                     {0x80, "8001"},
-                     {0x3FFF, "FF7F"},
-                     {0x4000, "808001"},
-                     {0x1FFFFF, "FFFF7F"},
-                     {0x200000, "80808001"},
-                     {0x0FFFFFFF, "FFFFFF7F"},
-                     {0x10000000, "8080808001"},
-                     {0xFFFFFFE9, "E9FFFFFF0F"}};
-  for (auto const &c : cases) {
-    ByteBuffer buffer;
-    DataObjectIO::writeFastUnsignedInt(buffer, c.value);
-    EXPECT_EQ(hexOf(buffer), c.hex);
-    EXPECT_EQ(DataObjectIO::readFastUnsignedInt(buffer), c.value);
-    EXPECT_FALSE(buffer.hasMore());
-  }
+  expectEach({"0 -> 00", "7F -> 7F", "80 -> 8001", "3FFF -> FF7F", "4000 -> 808001", "1FFFFF -> FFFF7F",
+              "200000 -> 80808001", "FFFFFFF -> FFFFFF7F", "10000000 -> 8080808001", "FFFFFFE9 -> E9FFFFFF0F"},
+             [](auto &input) {
+               unsigned value = 0;
+               input >> std::hex >> value;
+               ByteBuffer buffer;
+               DataObjectIO::writeFastUnsignedInt(buffer, value);
+               std::string const hex = hexOf(buffer);
+               EXPECT_EQ(DataObjectIO::readFastUnsignedInt(buffer), value);
+               EXPECT_FALSE(buffer.hasMore());
+               return hex;
+             });
   ByteBuffer endless("\xFF\xFF\xFF\xFF\xFF\x01", 6);  // five bytes at most, whatever the fifth says
   EXPECT_EQ(DataObjectIO::readFastUnsignedInt(endless), 0xFFFFFFFF);
   EXPECT_EQ(DataObjectIO::readFastUnsignedInt(endless), 1U);
@@ -180,8 +146,7 @@ TEST(DataObjectIO, StringsOfAnyBytesReadBack) {
 TEST(DataObjectIO, ValuesAreWrittenByTheTypeText) {
   struct {
     Object const &value;
-    char const *type;
-    char const *hex;
+    char const *type, *hex;
   } const cases[] = {
       {LongObject(1), "Integer", "00000001"},
       {DateObject(DateTime(2026, 2, 3, 4, 5, 6, 7)), "TimeOnly", "04050607"},
@@ -230,10 +195,7 @@ TEST(DataObjectIO, NestedRecordsNeedAnObjectToReadInto) {
   EXPECT_EQ(hexOf(empty.get()), "00");  // counts as set, reads null
   full->leg->setRatio(7);
   std::string const stored = hexOf(full.get());
-  EXPECT_EQ(stored,
-            "01"
-            "020000000700"
-            "00");
+  EXPECT_EQ(stored, "0102000000070000");
   full->leg->setPrice(1);
   DataObjectIO::parse(full.get(), bytes(stored));
   EXPECT_EQ(full->leg->getRatio(), 7);
@@ -243,11 +205,8 @@ TEST(DataObjectIO, NestedRecordsNeedAnObjectToReadInto) {
             "Field at index 1 not defined");
 
   SmartPtr<DataObject> const generic = newOrder(Form::GENERIC);
-  DataObjectIO::parse(generic.get(), bytes("1001020000000700"
-                                           "00"));
-  EXPECT_EQ(hexOf(generic.get()),
-            "1001020000000700"
-            "00");
+  DataObjectIO::parse(generic.get(), bytes("100102000000070000"));
+  EXPECT_EQ(hexOf(generic.get()), "100102000000070000");
   EXPECT_EQ(failureOf<FieldNotFoundException>([&] { DataObjectIO::parse(generic.get(), bytes("1002000000")); }).text,
             "Cannot add more than one element to this section");
 }
@@ -265,17 +224,15 @@ TEST(DataObjectIO, BrokenStreamsFail) {
       EXPECT_EQ(failure.text, END) << length;
       EXPECT_EQ(failure.source, "cpp/ByteBuffer");
     }
-    struct {
-      char const *hex;
-      char const *text;
-    } const cases[] = {{"01FFFFFFFF0F", END},
-                       {"01016100FF", "Unexpected characters at the end of serialzied message"},
-                       {"0FFFFFFFFF0F0000", END},
-                       {"0F8080808008", END},
-                       {"0C02746F00", "Cannot convert to to boolean"},
-                       {"0901787800", "'m_apm_set_string', Non-digit char found in parse"}};
-    for (auto const &c : cases)
-      EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::parse(order.get(), bytes(c.hex)); }).text, c.text);
+    std::pair<char const *, char const *> const cases[] = {
+        {"01FFFFFFFF0F", END},
+        {"01016100FF", "Unexpected characters at the end of serialzied message"},
+        {"0FFFFFFFFF0F0000", END},
+        {"0F8080808008", END},
+        {"0C02746F00", "Cannot convert to to boolean"},
+        {"0901787800", "'m_apm_set_string', Non-digit char found in parse"}};
+    for (auto const &[hex, text] : cases)
+      EXPECT_EQ(failureOf<TransformException>([&, h = hex] { DataObjectIO::parse(order.get(), bytes(h)); }).text, text);
     EXPECT_EQ(failureOf<FieldNotFoundException>([&] { DataObjectIO::parse(order.get(), bytes("FFFFFFFF0F")); }).text,
               "Field at index -2 not defined");
     EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::parse(order.get(), "", -1); }).text, END);

@@ -7,6 +7,7 @@
 #include "tavrone/dataobject/DataObjectSectionImpl.h"
 #include "tavrone/dataobject/SectionHelper.h"
 #include "tests/Failure.h"
+#include "tests/dataobject/Orders.h"
 
 namespace tavrone {
 namespace {
@@ -14,17 +15,8 @@ namespace {
 using examples::GeneratedLeg;
 using examples::GeneratedOrder;
 
-class Section : public testing::Test {
- public:
+struct Section : testing::Test {
   ~Section() noexcept override = default;
-
- protected:
-  DataObject *add(int ratio) {
-    SmartPtr<DataObject> const leg(legs.createElement());
-    leg->setField("Ratio", IntObject(ratio));
-    legs.addElement(leg.get());
-    return leg.get();
-  }
 
   SmartPtr<GeneratedOrder> order{new GeneratedOrder};
   DataObjectSectionImpl &legs = order->getLegs();
@@ -55,7 +47,7 @@ TEST_F(Section, AccessOutsideFails) {
             "Error accessing element of section Legs. Section index out of bound, size = 0, index accessed = 2");
   EXPECT_EQ(failureOf<FieldNotFoundException>([&] { legs.removeLastElement(); }).text,
             "Error accessing last element of section Legs. Section index out of bound, size = 0");
-  for (int i = 0; i < 3; ++i) add(i);
+  for (int i = 0; i < 3; ++i) addLeg(*order, i);
   for (int index : {3, -1}) EXPECT_THROW(legs.getElement(index), std::out_of_range) << index;
   std::pair<int, char const *> const cases[] = {
       {3, "ex out of bounds "}, {-1, "Index out of bounds "}, {6, "out of bounds "}, {20, ""}, {1000, ""}};
@@ -81,7 +73,7 @@ TEST_F(Section, OnlyAssertConstraintsLooksAtTheLimits) {
 }
 
 TEST_F(Section, ClonesHaveNoParentAndElementsOfTheirOwn) {
-  DataObject *original = add(7);
+  DataObject *original = addLeg(*order, 7);
   std::unique_ptr<DataObjectSection> const copy(legs.clone());
   EXPECT_EQ(copy->getName(), "Legs");
   EXPECT_EQ(copy->getParent(), nullptr);
@@ -91,7 +83,7 @@ TEST_F(Section, ClonesHaveNoParentAndElementsOfTheirOwn) {
 }
 
 TEST_F(Section, AssignSharesTheElements) {
-  DataObject *leg = add(7);
+  DataObject *leg = addLeg(*order, 7);
   SmartPtr<GeneratedOrder> other(new GeneratedOrder);
   DataObjectSection::assign(&other->getLegs(), &legs);
   EXPECT_EQ(other->getLegs().getElement(0), leg);

@@ -8,6 +8,8 @@
 
 #include "examples/messages/GeneratedOrder.h"
 #include "examples/messages/Order.h"
+#include "tests/Text.h"
+#include "tests/dataobject/Orders.h"
 
 namespace tavrone {
 namespace {
@@ -15,22 +17,15 @@ namespace {
 using examples::GeneratedLeg;
 using examples::GeneratedOrder;
 
-std::string textOf(tvstring const &text) {
-  return std::string(text.data(), text.length());
-}
-
 TEST(DataObjectXML, MakesTextSafe) {
-  struct {
-    std::string text;
-    char const *safe;
-  } const cases[] = {{"", ""},
-                     {"a<b", "a&lt;b"},
-                     {"it's", "it's"},
-                     {"\"&>\t\r\n\xE9", "&quot;&amp;&gt;\t\r\n\xE9"},
-                     {std::string("\0\x01\x1F\x20", 4), "&#0;&#1;&#31; "},
-                     {"&lt;", "&amp;lt;"}};
-  for (auto const &c : cases)
-    EXPECT_EQ(textOf(DataObjectXML::fixXMLCharData(tvstring(c.text.data(), c.text.size()))), c.safe);
+  std::pair<std::string, char const *> const cases[] = {{"", ""},
+                                                        {"a<b", "a&lt;b"},
+                                                        {"it's", "it's"},
+                                                        {"\"&>\t\r\n\xE9", "&quot;&amp;&gt;\t\r\n\xE9"},
+                                                        {std::string("\0\x01\x1F\x20", 4), "&#0;&#1;&#31; "},
+                                                        {"&lt;", "&amp;lt;"}};
+  for (auto const &[text, safe] : cases)
+    EXPECT_EQ(str(DataObjectXML::fixXMLCharData(tvstring(text.data(), text.size()))), safe);
 
   for (size_t length = 1; length <= 50; ++length) {
     for (int byte = 0; byte < 256; ++byte) {
@@ -44,7 +39,7 @@ TEST(DataObjectXML, MakesTextSafe) {
       if (isControl) text.replace(place, 1, "&#" + std::to_string(byte) + ";");
       if (byte == '&') text.replace(place, 1, "&amp;");
       if (byte < '"' || byte == '&' || byte > '>') {
-        EXPECT_EQ(textOf(DataObjectXML::fixXMLCharData(value)), text);
+        EXPECT_EQ(str(DataObjectXML::fixXMLCharData(value)), text);
       }
     }
   }
@@ -56,25 +51,14 @@ TEST(DataObjectXML, RendersEveryKindOfField) {
   SmartPtr<DataObject> const orders[] = {new GeneratedOrder, new examples::Order,
                                          new GenericDataObject(examples::Order::typeMetaInfo(), false)};
   for (SmartPtr<DataObject> const &order : orders) {
-    EXPECT_EQ(textOf(order->toXMLString()), "<Order>\n</Order>\n");
+    EXPECT_EQ(str(order->toXMLString()), "<Order>\n</Order>\n");
     DataObjectSection *legs = order->getSection("Legs");
-    EXPECT_EQ(textOf(order->toXMLString()), "<Order>\n</Order>\n");
+    EXPECT_EQ(str(order->toXMLString()), "<Order>\n</Order>\n");
     order->setField("OrderID", StringObject("a long text that has one < in it"));
-    order->setField("Side", CharObject('&'));
-    order->setField("Quantity", IntObject(INT_MIN));
-    order->setField("ExecutedQuantity", LongObject(LLONG_MIN));
-    order->setField("Price", DoubleObject(412.35));
-    order->setField("Rate", FloatObject(-0.5F));
-    order->setField("Notional", BigDecimalObject("-1E+3"));
-    order->setField("TradeDate", DateObject(DateTime(2026, 2, 3, 1, 1, 1, 1)));
-    order->setField("TransactTime", DateObject(DateTime(2026, 2, 3, 4, 5, 6, 0)));
-    order->setField("AllOrNone", BoolObject(false));
-    order->setField("Signature", BinaryObject(Binary("\x01\xFF", 2)));
-    for (int i = 0; i < 2; ++i) {
-      SmartPtr<DataObject> const leg(legs->createElement());
-      leg->setField("Ratio", IntObject(i));
-      legs->addElement(leg.get());
-    }
+    setFields(*order, 3, CharObject('&'), IntObject(INT_MIN), LongObject(LLONG_MIN), DoubleObject(412.35),
+              FloatObject(-0.5F), BigDecimalObject("-1E+3"), DateObject(DateTime(2026, 2, 3, 1, 1, 1, 1)),
+              DateObject(DateTime(2026, 2, 3, 4, 5, 6, 0)), BoolObject(false), BinaryObject(Binary("\x01\xFF", 2)));
+    for (int ratio : {0, 1}) addLeg(*order, ratio);
     std::string const fields =
         "\t<OrderID>a long text that has one &lt; in it</OrderID>\n\t<Side>&amp;</Side>\n"
         "\t<Quantity>-2147483648</Quantity>\n\t<ExecutedQuantity>-9223372036854775808</ExecutedQuantity>\n"
@@ -83,12 +67,12 @@ TEST(DataObjectXML, RendersEveryKindOfField) {
         "\t<AllOrNone>false</AllOrNone>\n\t<Signature>01FF</Signature>\n";
     std::string const section =
         "\t<Legs>\n\t\t<Ratio>0</Ratio>\n\t</Legs>\n\t<Legs>\n\t\t<Ratio>1</Ratio>\n\t</Legs>\n";
-    EXPECT_EQ(textOf(order->toXMLString()), "<Order>\n" + fields + section + "</Order>\n");
-    EXPECT_EQ(textOf(order->toXMLStringImpl(1)), fields + section);
+    EXPECT_EQ(str(order->toXMLString()), "<Order>\n" + fields + section + "</Order>\n");
+    EXPECT_EQ(str(order->toXMLStringImpl(1)), fields + section);
     auto &list = dynamic_cast<AbstractDataObjectSection &>(*legs);
-    EXPECT_EQ(textOf(list.toXMLString()), section);
-    EXPECT_EQ(textOf(list.toXMLString("L", 0)), "<L>\n\t<Ratio>0</Ratio>\n</L>\n<L>\n\t<Ratio>1</Ratio>\n</L>\n");
-    EXPECT_EQ(textOf(legs->getElement(1)->toXMLString(2)), "\t\t<Ratio>1</Ratio>\n");
+    EXPECT_EQ(str(list.toXMLString()), section);
+    EXPECT_EQ(str(list.toXMLString("L", 0)), "<L>\n\t<Ratio>0</Ratio>\n</L>\n<L>\n\t<Ratio>1</Ratio>\n</L>\n");
+    EXPECT_EQ(str(legs->getElement(1)->toXMLString(2)), "\t\t<Ratio>1</Ratio>\n");
   }
 }
 
@@ -98,8 +82,7 @@ TEST(DataObjectXML, IndentsAsDeepAsTold) {
   for (int level : {INT_MIN, -1, 0, 1, 2, 300}) {
     std::string const inner(static_cast<size_t>(std::max(level, 0)), '\t');
     std::string const outer(static_cast<size_t>(std::max(level, 1) - 1), '\t');
-    EXPECT_EQ(textOf(leg->toXMLString(level)),
-              outer + "<Leg>\n" + inner + "<Symbol>&lt;</Symbol>\n" + outer + "</Leg>\n");
+    EXPECT_EQ(str(leg->toXMLString(level)), outer + "<Leg>\n" + inner + "<Symbol>&lt;</Symbol>\n" + outer + "</Leg>\n");
   }
 }
 

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <typeinfo>
 #include <utility>
 
@@ -17,6 +19,7 @@
 #include "tavrone/dataobject/GenericDataObject.h"
 #include "tests/Failure.h"
 #include "tests/core/AllocationCount.h"
+#include "tests/dataobject/Orders.h"
 
 namespace tavrone {
 namespace {
@@ -59,10 +62,6 @@ struct Everything
                Field<"Whole", BigInteger>, Field<"Decimal", BigDecimal>, Section<"Children", Everything>,
                Section<"Written", GeneratedLeg, 1>, Nested<"Owner", Party>> {};
 
-std::string str(tvstring const &text) {
-  return std::string(text.data(), text.length());
-}
-
 // What a call gives, or how it fails: class, text, place.
 std::string outcome(std::function<std::string()> const &call) {
   try {
@@ -89,44 +88,16 @@ std::string show(DataObject &record) {
   return all + str(record.toXMLString());
 }
 
-SmartPtr<Object> wrapper(size_t kind) {
-  switch (kind) {
-    case 0:
-      return new StringObject("text");
-    case 1:
-      return new CharObject('\xE9');
-    case 2:
-      return new IntObject(-7);
-    case 3:
-      return new LongObject(1LL << 40);
-    case 4:
-      return new DoubleObject(412.35);
-    case 5:
-      return new FloatObject(0.5F);
-    case 6:
-      return new BigDecimalObject("123456789012345678901234567890.5");
-    case 7:
-      return new BigIntegerObject(BigInteger("-42"));
-    case 8:
-      return new DateObject(DateTime(2004, 2, 29, 23, 59, 58, 999));
-    case 9:
-      return new ISODateObject(ISODateTime());
-    case 10:
-      return new BoolObject(true);
-    case 11:
-      return new BinaryObject(Binary("\0\xFF", 2));
-    default:
-      return new SectionObject();
-  }
-}
-constexpr size_t KINDS = 13;
+std::tuple const WRAPPERS(StringObject("text"), CharObject('\xE9'), IntObject(-7), LongObject(1LL << 40),
+                          DoubleObject(412.35), FloatObject(0.5F), BigDecimalObject("123456789012345678901234567890.5"),
+                          BigIntegerObject("-42"), DateObject(DateTime(2004, 2, 29, 23, 59, 58, 999)),
+                          ISODateObject(ISODateTime()), BoolObject(true), BinaryObject(Binary("\0\xFF", 2)),
+                          SectionObject());
+constexpr size_t KINDS = std::tuple_size_v<decltype(WRAPPERS)>;
 
-DataObject *addLeg(DataObject &order, int ratio) {
-  DataObjectSection *legs = order.getSection(LEGS);
-  SmartPtr<DataObject> const leg(legs->createElement());
-  leg->setField("Ratio", IntObject(ratio));
-  legs->addElement(leg.get());
-  return leg.get();
+SmartPtr<Object> wrapper(size_t kind) {
+  auto const pick = [&](auto const &...each) { return std::array<Object const *, KINDS>{&each...}[kind]->clone(); };
+  return std::apply(pick, WRAPPERS);
 }
 
 void fill(DataObject &order) {
@@ -139,10 +110,7 @@ void fill(DataObject &order) {
 // The declared order in everything beside the one written out in full. Each operation starts with two new orders.
 TEST(Record, DoesWhatAClassWrittenByHandDoes) {
   using Operation = std::string (*)(DataObject &, DataObject &);
-  struct {
-    char const *name;
-    Operation run;
-  } const operations[] = {
+  std::pair<char const *, Operation> const operations[] = {
       {"start null", [](DataObject &order, DataObject &) { return show(order); }},
       {"take every value of every type, and refuse in the same words",
        [](DataObject &order, DataObject &) {
@@ -226,23 +194,27 @@ TEST(Record, DoesWhatAClassWrittenByHandDoes) {
                 str(clone->toXMLString(3));
        }},
   };
-  for (auto const &operation : operations) {
+  for (auto const &[name, run] : operations) {
     SmartPtr<DataObject> const generated[] = {new GeneratedOrder, new GeneratedOrder};
     SmartPtr<DataObject> const declared[] = {new Order, new Order};
-    EXPECT_EQ(operation.run(*declared[0], *declared[1]), operation.run(*generated[0], *generated[1])) << operation.name;
+    EXPECT_EQ(run(*declared[0], *declared[1]), run(*generated[0], *generated[1])) << name;
   }
 }
 
 TEST(Record, CopiesFieldsToAndFromOtherClasses) {
   SmartPtr<DataObject> const order(new Order);
   fill(*order);
+  order->setNull("Rate");
   SmartPtr<DataObject> const generated(new GeneratedOrder);
+  generated->setField("Rate", FloatObject(1));
+  addLeg(*generated, 9);
   SmartPtr<DataObject> const generic(new GenericDataObject(Order::typeMetaInfo(), false));
   SmartPtr<DataObject> const back(new Order);
   DataObjectBase::copy(order.get(), generated.get());
   DataObjectBase::copy(generated.get(), generic.get());
   DataObjectBase::copy(generic.get(), back.get());
   EXPECT_EQ(show(*back), show(*order));
+  EXPECT_NE(generated->getSection(LEGS)->getElement(0), order->getSection(LEGS)->getElement(0));
   EXPECT_EQ(str(generic->toXMLString()), str(order->toXMLString()));
 }
 

@@ -72,8 +72,7 @@ TEST_F(ExternalMessage, ChoosesTheFormByTheContext) {
   auto const object = body("abc");
   struct {
     char const *form;
-    std::string bytes;
-    std::string parsed;
+    std::string bytes, parsed;
   } const cases[] = {{"", "-abc-", "-abc-"},
                      {"XML", "-abc-", "-abc-"},
                      {"tavrone", str(DataObjectIO::serialize(object.get())), "abc"},
@@ -100,11 +99,7 @@ TEST_F(ExternalMessage, ValidatesPartByPartOrRaises) {
   message.validate("Other", new ExternalObject(line("1").get(), line("2").get(), line("3").get()), context);
   message.validate(body("b"), context);
   EXPECT_EQ(message.validator->seen, "h11d2t3h--dbt-");
-  struct {
-    char const *validator;
-    SmartPtr<DataObject> object;
-    tvstring text;
-  } const cases[] = {
+  std::tuple<char const *, SmartPtr<DataObject>, tvstring> const cases[] = {
       {"none", nullptr, "Validator by name 'none' is not defined for the message"},
       {"Other", nullptr, "Unexpected null object. Expected external object"},
       {"Other", new Line, "Unexpected object of type " + Class(typeid(Line)).getName() + ". Expected external object"}};

@@ -43,21 +43,19 @@ TEST(InputSource, SharesCountedStorageAndCopiesTheRest) {
   char buffer[] = "caller's";
   Binary const counted("counted", 7), borrowed(buffer, 8, false);
   tvstring const text("text");
-  struct {
-    SmartPtr<AbstractRawMessage> source;
-    bool shared;
-  } const cases[] = {{new ByteArrayInputSource(counted), true},
-                     {new StringInputSource(text.substr(1)), true},
-                     {new ByteArrayInputSource(borrowed), false},
-                     {new ByteArrayInputSource(onHeap("adopted"), 7), false},
-                     {new StringInputSource(tvstringliteral("static")), false}};
-  for (auto const &c : cases) {
+  std::pair<SmartPtr<AbstractRawMessage>, bool> const cases[] = {
+      {new ByteArrayInputSource(counted), true},
+      {new StringInputSource(text.substr(1)), true},
+      {new ByteArrayInputSource(borrowed), false},
+      {new ByteArrayInputSource(onHeap("adopted"), 7), false},
+      {new StringInputSource(tvstringliteral("static")), false}};
+  for (auto const &[source, isShared] : cases) {
     int length = 0;
-    char const *const bytes = c.source->getAsBytes(length);
-    Binary const value = c.source->getAsBinary();
-    EXPECT_EQ(value.data() == bytes, c.shared) << c.source->getAsString().c_str();
+    char const *const bytes = source->getAsBytes(length);
+    Binary const value = source->getAsBinary();
+    EXPECT_EQ(value.data() == bytes, isShared) << source->getAsString().c_str();
     EXPECT_EQ(str(value), std::string(bytes, static_cast<size_t>(length)));
-    EXPECT_EQ(str(c.source->getAsString("UTF-16")), str(value));
+    EXPECT_EQ(str(source->getAsString("UTF-16")), str(value));
   }
 }
 
@@ -74,8 +72,7 @@ TEST(ByteArrayInputSource, CopiesFreeEachBufferOnce) {
   EXPECT_EQ(payload(target), "owned");
 }
 
-class FileInputSourceTest : public testing::Test {
- protected:
+struct FileInputSourceTest : testing::Test {
   ~FileInputSourceTest() override { std::filesystem::remove(path); }
   tvstring write(std::string const &text) {
     std::ofstream(path, std::ios::binary) << text;

@@ -1,26 +1,12 @@
-#include <gtest/gtest.h>
-
-#include "examples/messages/GeneratedOrder.h"
-#include "tavrone/context/DefaultObjectFactory.h"
-#include "tests/Failure.h"
+#include "tests/pipeline/Walk.h"
 
 namespace tavrone {
 namespace {
 
-using examples::GeneratedLeg;
-
 std::string steps;
 
-std::string symbolOf(DataObject *leg) {
-  return leg == nullptr ? "-" : static_cast<GeneratedLeg *>(leg)->getSymbol().c_str();
-}
-DataObject *leg(char const *symbol) {
-  auto *made = new GeneratedLeg;
-  made->setSymbol(symbol);
-  return made;
-}
 void note(std::string const &step, DataObject *from, DataObject *to) {
-  steps += step + symbolOf(from) + symbolOf(to) + " ";
+  steps += step + textOf(from) + textOf(to) + " ";
 }
 
 // Bodies and custom class note what they are given.
@@ -33,7 +19,7 @@ struct ByPart : Rules {
 struct ToExternal : ByPart<OutputMappingRules> {
   using ByPart::ByPart;
   void mapTrailerFields0(DataObject *from, DataObject *data, DataObject *to) override {
-    note("trailer:" + symbolOf(data), from, to);
+    note("trailer:" + textOf(data), from, to);
   }
 };
 struct External : ByPart<ExternalToExternalMappingRules> {
@@ -53,7 +39,7 @@ struct Custom : IInputMapping, IExternalMapping, IOutputMapping {
   void mapHeader(DataObject *from, DataObject *to, TransformContext &) override { note("custom:", from, to); }
   void mapData(DataObject *from, DataObject *to, TransformContext &) override { note("custom:", from, to); }
   void mapTrailer(DataObject *from, DataObject *data, DataObject *to, TransformContext &) override {
-    note("custom:" + symbolOf(data), from, to);
+    note("custom:" + textOf(data), from, to);
   }
   static inline int made = 0;
 };
@@ -71,8 +57,8 @@ std::string mapped(Rules &&rules, From &from, To &to) {
 
 TEST(MappingRules, RunTheGeneratedBodyThenTheCustomClass) {
   DefaultObjectFactory<Custom>::registerClass("mappings.Custom");
-  SmartPtr<DataObject> const source = leg("S");
-  ExternalObject from(leg("h"), leg("d"), nullptr), to(leg("H"), leg("D"), leg("T"));
+  SmartPtr<DataObject> const source = line("S");
+  ExternalObject from(line("h").get(), line("d").get(), nullptr), to(line("H").get(), line("D").get(), line("T").get());
   EXPECT_EQ(mapped(Input(), from, *source), "body:dS ");
   EXPECT_EQ(mapped(Input("mappings.Custom"), from, *source), "body:dS custom:dS ");
   EXPECT_EQ(mapped(External("mappings.Custom"), from, to), "header:hH data:dD trailer:-T custom:hT ");
@@ -84,7 +70,7 @@ TEST(MappingRules, RunTheGeneratedBodyThenTheCustomClass) {
 TEST(MappingRules, RefuseACustomClassOfAnotherKindAtTheFirstMessage) {
   DefaultObjectFactory<StringObject>::registerClass("mappings.Wrong");
   TransformContext context;
-  ExternalObject external(nullptr, leg("d"), nullptr);
+  ExternalObject external(nullptr, line("d").get(), nullptr);
   Input input("mappings.Wrong");
   try {
     input.mapFields(&external, external.getData(), context);
@@ -95,26 +81,26 @@ TEST(MappingRules, RefuseACustomClassOfAnotherKindAtTheFirstMessage) {
   }
 }
 
-// Maps a leg to a new one, up to the leg "bad".
+// Maps a line to a new one, up to the line "bad".
 struct Format : AbstractNormalizedObjectMappingFormat {
   Format() : AbstractNormalizedObjectMappingFormat("from", "to") {}
   using AbstractNormalizedObjectMappingFormat::map;
   DataObject *map(DataObject *source, TransformContext &) override {
-    if (symbolOf(source) == "bad") throw TransformException("bad");
-    return leg(symbolOf(source).c_str());
+    if (textOf(source) == "bad") throw TransformException("bad");
+    return checkedCast<DataObject>(source->clone());
   }
 };
 
 TEST(AbstractNormalizedObjectMappingFormat, MapsAnArrayInOrderAndLosesNothing) {
   Format format;
   TransformContext context;
-  SmartPtr<DataObject> const a = leg("a"), b = leg("b"), bad = leg("bad");
+  SmartPtr<DataObject> const a = line("a"), b = line("b"), bad = line("bad");
   DataObject *sources[] = {a.get(), b.get(), bad.get()};
   delete[] format.map(sources, 0, context);
   std::unique_ptr<DataObject *[]> const two(format.map(sources, 2, context));
   EXPECT_EQ(two[0]->getRefCount(), 0);
   SmartPtr<DataObject> const first(two[0]), second(two[1]);
-  EXPECT_EQ(symbolOf(first.get()) + symbolOf(second.get()), "ab");
+  EXPECT_EQ(textOf(first.get()) + textOf(second.get()), "ab");
   EXPECT_EQ(failureOf<TransformException>([&] { format.map(sources, 3, context); }).text, "bad");
 }
 
