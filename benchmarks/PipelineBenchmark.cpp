@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <new>
 
-#include "tavrone/context/DefaultObjectFactory.h"
+#include "tavrone/context/Factory.h"
 #include "tavrone/core/Conversion.h"
 #include "tavrone/dataobject/Record.h"
 #include "tavrone/pipeline/AbstractInputFormat.h"
@@ -77,7 +77,7 @@ struct Transaction : AbstractInternalMessage {
   }
   DataObject *createNormalizedObject() override { return new Trade; }
 };
-bool const bound = DefaultObjectFactory<Transaction>::bind("Transaction");
+bool const bound = bindFactory<Transaction>("Transaction");
 
 // Five texts and five numbers, each ended by '|'. The texts are views on one copy of the payload.
 void parseTrade(InputSource &input, Trade &trade) {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <new>
 
-#include "tavrone/context/DefaultObjectFactory.h"
+#include "tavrone/context/Factory.h"
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Wrappers.h"
 #include "tavrone/dataobject/GenericDataObject.h"
@@ -64,7 +64,7 @@ class EmptyFormat : public IInputFormat {
 class Host {
  public:
   Host() {
-    directory_->rebind("Empty", new DefaultObjectFactory<EmptyFormat>);
+    directory_->rebind("Empty", new Factory<EmptyFormat>);
     auto *service = new MessageIdentificationService;
     service->registerMessageIdentifer(new KeepingIdentifier);
     router.setMessageIdentificationService(service);

@@ -33,7 +33,7 @@ struct GreetingFormat : IInputFormat {
 };
 
 int main() {
-  DefaultObjectFactory<GreetingFormat>::bind("greetings");
+  bindFactory<GreetingFormat>("greetings");
 
   auto *identification = new MessageIdentificationService;
   identification->registerMessageIdentifer(new GreetingIdentifier);

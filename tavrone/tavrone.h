@@ -2,7 +2,7 @@
 
 // Everything that hosts and generated code use.
 
-#include "tavrone/context/DefaultObjectFactory.h"
+#include "tavrone/context/Factory.h"
 #include "tavrone/context/IService.h"
 #include "tavrone/context/LookupContext.h"
 #include "tavrone/context/ObjectPtrMap.h"

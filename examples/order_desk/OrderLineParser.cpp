@@ -6,7 +6,7 @@ namespace examples {
 
 namespace {
 
-[[maybe_unused]] bool const BOUND = DefaultObjectFactory<OrderLineFormat>::bind("OrderLine");
+[[maybe_unused]] bool const BOUND = bindFactory<OrderLineFormat>("OrderLine");
 
 constexpr char const *SOURCE = "examples/OrderLineParser";
 

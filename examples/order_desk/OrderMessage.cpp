@@ -7,7 +7,7 @@ namespace examples {
 
 namespace {
 
-[[maybe_unused]] bool const BOUND = DefaultObjectFactory<OrderMessage>::bind("Order");
+[[maybe_unused]] bool const BOUND = bindFactory<OrderMessage>("Order");
 
 constexpr int MAX_QUANTITY = 1'000'000;
 constexpr double MAX_PRICE = 100'000;

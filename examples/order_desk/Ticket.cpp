@@ -4,8 +4,7 @@ namespace examples {
 
 namespace {
 
-[[maybe_unused]] bool const BOUND =
-    DefaultObjectFactory<OrderToTicket>::bind("OrderToTicket") && DefaultObjectFactory<TicketFormat>::bind("Ticket");
+[[maybe_unused]] bool const BOUND = bindFactory<OrderToTicket>("OrderToTicket") && bindFactory<TicketFormat>("Ticket");
 
 // One instrument by its symbol, a combination by its legs: "ACME-BETA".
 tvstring instrumentOf(Order const &order) {

@@ -32,9 +32,11 @@ class SmartPtr {
     reset(object);
     return *this;
   }
-  SmartPtr &operator=(SmartPtr const &other) {  // NOLINT(bugprone-unhandled-self-assignment): see above
-    release();
-    set(other.object_);
+  SmartPtr &operator=(SmartPtr const &other) {
+    if (this != &other)
+      reset(other.object_);
+    else if (object_ != nullptr && !heldElsewhere())
+      release();
     return *this;
   }
   // Takes over the reference before it releases its own, so that `list = std::move(list->next)` is sound.
@@ -60,6 +62,12 @@ class SmartPtr {
   bool isNull() const { return object_ == nullptr; }
 
  private:
+  // Whether the object survives the release of this reference.
+  bool heldElsewhere() const {
+    auto *counted = dynamic_cast<ObjectRef *>(static_cast<Object *>(object_));
+    return counted != nullptr && counted->getRefCount() > 1;
+  }
+
   T *object_ = nullptr;
 };
 

@@ -1,5 +1,5 @@
 #include "tavrone/routing/CartridgeMessageIdentifier.h"
-#include "tavrone/context/DefaultObjectFactory.h"
+#include "tavrone/context/Factory.h"
 
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Raise.h"
@@ -8,7 +8,7 @@ namespace tavrone {
 
 namespace {
 
-bool const registered = DefaultObjectFactory<CartridgeMessageIdentifier>::registerClass("CartridgeMessageIdentifier");
+bool const registered = registerClass<CartridgeMessageIdentifier>("CartridgeMessageIdentifier");
 
 }  // namespace
 

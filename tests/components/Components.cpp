@@ -91,15 +91,15 @@ struct Rule : ICustomClass {
   tvstring toString() const override { return "a rule"; }
 };
 
-UserClass const rule("components.Rule", new DefaultObjectFactory<Rule>);
+UserClass const rule("components.Rule", new Factory<Rule>);
 Registrar const components([] {
-  DefaultObjectFactory<ExternalMessage>::bind("components.external");
-  DefaultObjectFactory<InternalMessage>::bind("components.internal");
-  DefaultObjectFactory<Mapping>::bind("components.mapping");
-  DefaultObjectFactory<NormalizedMapping>::bind("components.normalizedMapping");
-  DefaultObjectFactory<Flow>::bind("components.flow");
-  DefaultObjectFactory<InputFormat>::bind("components.input");
-  DefaultObjectFactory<OutputFormat>::bind("components.output");
+  bindFactory<ExternalMessage>("components.external");
+  bindFactory<InternalMessage>("components.internal");
+  bindFactory<Mapping>("components.mapping");
+  bindFactory<NormalizedMapping>("components.normalizedMapping");
+  bindFactory<Flow>("components.flow");
+  bindFactory<InputFormat>("components.input");
+  bindFactory<OutputFormat>("components.output");
   LookupContextFactory::getLookupContext()->bind("components.protocol", new ContextOutputProtocol);
   LookupContextFactory::getLookupContext()->bind("components.text", new StringObject(runtimeAtWork()));
 });

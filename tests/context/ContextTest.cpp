@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tavrone/context/DefaultObjectFactory.h"
+#include "tavrone/context/Factory.h"
 #include "tavrone/context/LookupContext.h"
 #include "tavrone/context/UserClassManager.h"
 #include "tests/Tracked.h"
@@ -49,7 +49,7 @@ TEST(LookupContext, BindTakesOverWhatItRefuses) {
 
 TEST(UserClassManager, TheLastRegistrationWins) {
   UserClass const first("test.Class", new Factory);
-  UserClass const second("test.Class", new DefaultObjectFactory<TestFormat>);
+  UserClass const second("test.Class", new ::tavrone::Factory<TestFormat>);
   EXPECT_EQ(Factory::alive, 0);
   auto *factory = new Factory;
   UserClassManager::registerClass("test.Class", factory);

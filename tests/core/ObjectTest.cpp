@@ -121,6 +121,8 @@ TEST(SmartPtr, ReleasesBeforeItAddsEvenToItself) {
   log.clear();
   a = same;
   a.reset(same.get());
+  auto &twin = a;
+  a = twin;  // changes nothing while somebody else holds it
   EXPECT_EQ(log, "b+ b+ ");
   EXPECT_EQ(a->getRefCount(), 2);
   a.set(same.get());  // forgets the reference that it held

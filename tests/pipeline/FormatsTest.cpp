@@ -46,7 +46,7 @@ struct InputFormat : AbstractInputFormat {
 };
 
 TEST(InputFormat, ParsesEveryMessageIntoOneObject) {
-  DefaultObjectFactory<Transaction>::bind("test.Transaction");
+  bindFactory<Transaction>("test.Transaction");
   EXPECT_EQ(traced([] { InputFormat("absent"); }), "Unable to lookup 'absent'/");
   SmartPtr<InputFormat> const format = new InputFormat("test.Transaction");
   TransformContext context;

@@ -56,7 +56,7 @@ std::string mapped(Rules &&rules, From &from, To &to) {
 }
 
 TEST(MappingRules, RunTheGeneratedBodyThenTheCustomClass) {
-  DefaultObjectFactory<Custom>::registerClass("mappings.Custom");
+  registerClass<Custom>("mappings.Custom");
   SmartPtr<DataObject> const source = line("S");
   ExternalObject from(line("h").get(), line("d").get(), nullptr), to(line("H").get(), line("D").get(), line("T").get());
   EXPECT_EQ(mapped(Input(), from, *source), "body:dS ");
@@ -68,7 +68,7 @@ TEST(MappingRules, RunTheGeneratedBodyThenTheCustomClass) {
 }
 
 TEST(MappingRules, RefuseACustomClassOfAnotherKindAtTheFirstMessage) {
-  DefaultObjectFactory<StringObject>::registerClass("mappings.Wrong");
+  registerClass<StringObject>("mappings.Wrong");
   TransformContext context;
   ExternalObject external(nullptr, line("d").get(), nullptr);
   Input input("mappings.Wrong");

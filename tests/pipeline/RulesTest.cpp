@@ -1,4 +1,4 @@
-#include "tavrone/context/DefaultObjectFactory.h"
+#include "tavrone/context/Factory.h"
 #include "tavrone/pipeline/Rules.h"
 
 #include <gtest/gtest.h>
@@ -92,8 +92,8 @@ struct Custom : IFieldValidation, IInvokable {
 };
 
 TEST(CustomClassSupport, MakesEachClassOnceForItsOwnerAndKind) {
-  DefaultObjectFactory<Custom>::registerClass("rules.Custom");
-  DefaultObjectFactory<StringObject>::registerClass("rules.Other");
+  registerClass<Custom>("rules.Custom");
+  registerClass<StringObject>("rules.Other");
   TransformContext context;
   ObjectList arguments;
   Fields rules;

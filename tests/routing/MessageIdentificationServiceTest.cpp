@@ -1,4 +1,4 @@
-#include "tavrone/context/DefaultObjectFactory.h"
+#include "tavrone/context/Factory.h"
 #include "tavrone/routing/MessageIdentificationService.h"
 
 #include <gtest/gtest.h>
@@ -55,8 +55,8 @@ TEST(MessageIdentificationService, RefusesClassesThatAreNoIdentifiers) {
     Object *create() override { return nullptr; }
   };
   UserClassManager::registerClass("test.Null", new NullFactory);
-  DefaultObjectFactory<TestFormat>::registerClass("test.Format");
-  DefaultObjectFactory<TestIdentifier>::registerClass("test.Identifier");
+  registerClass<TestFormat>("test.Format");
+  registerClass<TestIdentifier>("test.Identifier");
   MessageIdentificationService service;
   auto const failure = [&](char const *name) {
     return failureOf<ClassCastException>([&] { service.registerMessageIdentifer(name); }).text;
