@@ -122,10 +122,11 @@ TEST(PropertyMap, ReleasesOnRemovalAndDestructionOnly) {
 
 TEST(PropertyMap, PrefixesMatchFromTheStartOfTheKey) {
   SmartPtr<PropertyMapImpl> const map = new PropertyMapImpl;
-  SmartPtr<Object> const cleared[] = {new IntObject(1), new IntObject(2)};
+  SmartPtr<Object> const cleared[] = {new IntObject(1), new IntObject(2), new IntObject(3)};
   map->setProperty("a.b", cleared[0].get());
-  for (char const *key : {"ab", "x.a.b", "a."}) map->setIntProperty(key, 0);
-  map->setProperty("a.c.d", cleared[1].get());
+  for (char const *key : {"ab", "x.a.b"}) map->setIntProperty(key, 0);
+  map->setProperty("a.", cleared[1].get());
+  map->setProperty("a.c.d", cleared[2].get());
   SmartPtr<IPropertyMap> const subset = map->getProperties("a");
   EXPECT_EQ(namesOf(*subset), "[b, , c.d]");
   auto *const view = dynamic_cast<IPropertyMap2 *>(subset.get());
