@@ -8,11 +8,11 @@
 
 // Internal: the values of a record's fields, in index order and without a wrapper on the heap, for code that appends
 // them to a buffer. `at`, where the next byte goes, is handed in and comes back moved on. Null fields are left out, and
-// so is one that counts as set but reads null. A Sink has
-//
-//   char *plain(KindTag<Kind>, char *at, int index, FieldMetaInfo const &, Value const &)   the value that belongs to
-//   the kind char *section(char *at, int index, FieldMetaInfo const &, DataObjectSection *)          may be null char
-//   *other(char *at, int index, FieldMetaInfo const &, Object &)                       whatever else a field gives
+// so is one that counts as set but reads null. A Sink has three operations, each of them given `at`, the field's index
+// and its FieldMetaInfo:
+//  - plain(KindTag<Kind>, ...), the value that belongs to the kind;
+//  - section(...), a DataObjectSection *, which may be null;
+//  - other(...), whatever else a field gives, as an Object &.
 
 #define TAVRONE_INLINED __attribute__((always_inline))
 
