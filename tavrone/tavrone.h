@@ -91,3 +91,4 @@
 #include "tavrone/routing/MessageIdentifier.h"
 #include "tavrone/routing/MessageRouter.h"
 #include "tavrone/routing/Triggers.h"
+#include "tavrone/universal/UniversalRecord.h"
