@@ -5,6 +5,7 @@
 
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/WritePatterns.h"
+#include "tavrone/formula/TextFunctions.h"
 #include "tavrone/pipeline/InputSources.h"
 
 namespace tavrone {
@@ -18,16 +19,6 @@ constinit tvstringliteral const READ_DATE_TIME("yyyyMMdd-HH:mm:ss.SSS");
 
 constinit tvstringliteral const TRUE_TEXT("true");
 constinit tvstringliteral const FALSE_TEXT("false");
-
-// `lowered` is in small letters.
-bool equalsLowered(tvstring const &text, char const *lowered) {
-  if (text.length() != std::strlen(lowered)) return false;
-  for (size_t i = 0; i != text.length(); ++i) {
-    char const c = text[i];
-    if ((c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c) != lowered[i]) return false;
-  }
-  return true;
-}
 
 template <class Wrapper, auto Parse>
 Object *read(tvstring const &text) {
@@ -91,8 +82,8 @@ constinit tvstring const &Parsing::FALSE_VALUE = FALSE_TEXT;
 constinit tvstring const &Parsing::EMPTY = tvstring::EMPTY;
 
 bool Parsing::parseBool(tvstring const &text) {
-  if (equalsLowered(text, "true")) return true;
-  if (equalsLowered(text, "false")) return false;
+  if (TextFunctions::equalIgnoreCase(text, TRUE_TEXT)) return true;
+  if (TextFunctions::equalIgnoreCase(text, FALSE_TEXT)) return false;
   raise<TransformException>("Cannot convert " + text + " to boolean", SOURCE);
 }
 

@@ -1,0 +1,332 @@
+#include "tavrone/formula/TextFunctions.h"
+
+#include <algorithm>
+#include <cctype>
+#include <climits>
+#include <new>
+#include <string_view>
+
+#include "tavrone/core/Conversion.h"
+#include "tavrone/core/Raise.h"
+
+namespace tavrone {
+namespace {
+
+constexpr char const *SOURCE = "cpp/formula/TextFunctions";
+
+char lowered(char c) {
+  return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+}
+char raised(char c) {
+  return static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+}
+
+std::string_view viewOf(tvstring const &text) {
+  return {text.data(), text.length()};
+}
+std::string_view viewOf(char const &c) {
+  return {&c, 1};
+}
+
+// A new text of this length, which `write` writes, in an array that it fills: its c_str copies nothing.
+template <class Write>
+tvstring newText(size_t length, Write const &write) {
+  if (length == 0) return tvstring();
+  if (length > INT_MAX) throw std::bad_array_new_length();
+  tvstring text;
+  write(text.getBuffer(static_cast<int>(length)));
+  text.setBufferLength(static_cast<int>(length));
+  return text;
+}
+
+// Of two lengths.
+size_t product(size_t a, size_t b) {
+  if (b != 0 && a > INT_MAX / b) throw std::bad_array_new_length();
+  return a * b;
+}
+
+char *put(char *to, std::string_view part) {
+  return std::copy_n(part.data(), part.size(), to);
+}
+
+template <char (*Change)(char)>
+tvstring changed(tvstring const &text) {
+  return newText(text.length(), [&](char *to) {
+    char const *const from = text.data();
+    for (size_t i = 0, length = text.length(); i != length; ++i) to[i] = Change(from[i]);
+  });
+}
+
+template <bool (*Accepts)(char)>
+bool passes(tvstring const &text) {
+  return std::all_of(text.data(), text.data() + text.length(), Accepts);
+}
+
+// Whether the part stands at the offset, which may be any number.
+template <class Equal>
+bool standsAt(tvstring const &text, tvstring const &part, ptrdiff_t offset, Equal const &equal) {
+  if (offset < 0 || static_cast<size_t>(offset) > text.length()) return false;
+  return part.length() <= text.length() - static_cast<size_t>(offset) &&
+         std::equal(part.data(), part.data() + part.length(), text.data() + offset, equal);
+}
+bool equalIgnoringCase(char a, char b) {
+  return lowered(a) == lowered(b);
+}
+ptrdiff_t endOffset(tvstring const &text, tvstring const &suffix) {
+  return static_cast<ptrdiff_t>(text.length()) - static_cast<ptrdiff_t>(suffix.length());
+}
+
+// -1 for npos.
+int toPosition(size_t position) {
+  return static_cast<int>(position);
+}
+size_t notNegative(int position) {
+  return position < 0 ? 0 : static_cast<size_t>(position);
+}
+bool isWithin(tvstring const &text, int index) {
+  return index >= 0 && static_cast<size_t>(index) < text.length();
+}
+
+// The text with `value` in place of count bytes from `from` on. REQUIRES: the run lies within the text
+tvstring splice(tvstring const &text, size_t from, size_t count, std::string_view value) {
+  if (count == 0 && value.empty()) return text;
+  std::string_view const whole = viewOf(text);
+  return newText(whole.size() - count + value.size(),
+                 [&](char *to) { put(put(put(to, whole.substr(0, from)), value), whole.substr(from + count)); });
+}
+
+tvstring insertAt(tvstring const &text, int position, std::string_view value) {
+  return splice(text, std::min(notNegative(position), text.length()), 0, value);
+}
+
+tvstring replaceRun(tvstring const &text, int start, int count, std::string_view value) {
+  if (!isWithin(text, start) || count < 0) return text;
+  size_t const from = static_cast<size_t>(start);
+  return splice(text, from, std::min(static_cast<size_t>(count), text.length() - from), value);
+}
+
+// The next occurrence in [from, end), or null. REQUIRES: part is not empty
+char const *next(char const *from, char const *end, std::string_view part) {
+  size_t const length = static_cast<size_t>(end - from);
+  return static_cast<char const *>(part.size() == 1 ? std::memchr(from, part[0], length)
+                                                    : memmem(from, length, part.data(), part.size()));
+}
+
+tvstring replaceAll(tvstring const &text, std::string_view old, std::string_view value) {
+  if (old.empty()) return text;
+  char const *const end = text.data() + text.length();
+  char const *const first = next(text.data(), end, old);
+  if (first == nullptr) return text;
+  size_t count = 0;
+  for (char const *hit = first; hit != nullptr; hit = next(hit + old.size(), end, old)) ++count;
+  return newText(text.length() - count * old.size() + product(count, value.size()), [&](char *to) {
+    char const *from = text.data();
+    for (char const *hit = first; hit != nullptr; hit = next(from, end, old)) {
+      to = put(std::copy(from, hit, to), value);
+      from = hit + old.size();
+    }
+    std::copy(from, end, to);
+  });
+}
+
+bool isBlank(char c) {
+  return static_cast<signed char>(c) <= ' ';
+}
+size_t blanksBefore(tvstring const &text) {
+  size_t at = 0;
+  while (at < text.length() && isBlank(text[at])) ++at;
+  return at;
+}
+// The length without the blanks at the end, if it is not below `from`.
+size_t endOfText(tvstring const &text, size_t from) {
+  size_t end = text.length();
+  while (end > from && isBlank(text[end - 1])) --end;
+  return end;
+}
+
+// Exactly `width` bytes: the text's first ones, with fill before or behind them.
+tvstring padded(tvstring const &text, char pad, int width, bool before) {
+  size_t const wanted = notNegative(width);
+  if (text.length() >= wanted) return text.substr(0, wanted);
+  size_t const fill = wanted - text.length();
+  return newText(wanted, [&](char *to) {
+    put(before ? to + fill : to, viewOf(text));
+    std::memset(before ? to : to + text.length(), pad, fill);
+  });
+}
+
+}  // namespace
+
+int TextFunctions::compareIgnoreCase(tvstring const &a, tvstring const &b) {
+  size_t const common = std::min(a.length(), b.length());
+  for (size_t i = 0; i != common; ++i) {
+    signed char const x = static_cast<signed char>(lowered(a[i]));
+    signed char const y = static_cast<signed char>(lowered(b[i]));
+    if (x != y) return x - y;
+  }
+  return static_cast<int>(static_cast<uint32_t>(a.length() - b.length()));
+}
+
+bool TextFunctions::startsWith(tvstring const &text, tvstring const &prefix, int offset) {
+  return standsAt(text, prefix, offset, std::equal_to<>());
+}
+bool TextFunctions::startsWithIgnoreCase(tvstring const &text, tvstring const &prefix, int offset) {
+  return standsAt(text, prefix, offset, equalIgnoringCase);
+}
+bool TextFunctions::endsWith(tvstring const &text, tvstring const &suffix) {
+  return standsAt(text, suffix, endOffset(text, suffix), std::equal_to<>());
+}
+bool TextFunctions::endsWithIgnoreCase(tvstring const &text, tvstring const &suffix) {
+  return standsAt(text, suffix, endOffset(text, suffix), equalIgnoringCase);
+}
+
+int TextFunctions::findFirst(tvstring const &text, char c, int from) {
+  return toPosition(text.find(static_cast<signed char>(c), notNegative(from)));
+}
+int TextFunctions::findFirst(tvstring const &text, tvstring const &part, int from) {
+  return toPosition(text.find(part, notNegative(from)));
+}
+int TextFunctions::findLast(tvstring const &text, char c, int from) {
+  return from < 0 ? -1 : toPosition(text.rfind(c, static_cast<size_t>(from)));
+}
+int TextFunctions::findLast(tvstring const &text, tvstring const &part, int from) {
+  return from < 0 ? -1 : toPosition(text.rfind(part, static_cast<size_t>(from)));
+}
+
+bool TextFunctions::isAlphaUpper(tvstring const &text) {
+  return passes<isAlphaUpper>(text);
+}
+bool TextFunctions::isAlpha(tvstring const &text) {
+  return passes<isAlpha>(text);
+}
+bool TextFunctions::isNum(tvstring const &text) {
+  return passes<isNum>(text);
+}
+bool TextFunctions::isAlphaNum(tvstring const &text) {
+  return passes<isAlphaNum>(text);
+}
+bool TextFunctions::isAlphaUpperNum(tvstring const &text) {
+  return passes<isAlphaUpperNum>(text);
+}
+
+tvstring TextFunctions::lowercase(tvstring const &text) {
+  return changed<lowered>(text);
+}
+tvstring TextFunctions::uppercase(tvstring const &text) {
+  return changed<raised>(text);
+}
+
+tvstring TextFunctions::leftStr(tvstring const &text, tvstring const &marker) {
+  size_t const at = text.find(marker);
+  return at == tvstring::npos ? text : text.substr(0, at);
+}
+tvstring TextFunctions::rightStr(tvstring const &text, tvstring const &marker) {
+  size_t const at = text.find(marker);
+  return at == tvstring::npos ? text : text.substr(at + marker.length());
+}
+
+char TextFunctions::charAt(tvstring const &text, int index) {
+  if (!isWithin(text, index)) raise<TransformRuntimeException>("Index out of range of string.", SOURCE);
+  return text[static_cast<size_t>(index)];
+}
+
+tvstring TextFunctions::insert(tvstring const &text, int position, tvstring const &value) {
+  return insertAt(text, position, viewOf(value));
+}
+tvstring TextFunctions::insert(tvstring const &text, int position, int value) {
+  char number[12];
+  return insertAt(text, position, ::intToString(value, number));
+}
+tvstring TextFunctions::insert(tvstring const &text, int position, float value) {
+  char number[64];
+  return insertAt(text, position, ::floatToString(value, number));
+}
+tvstring TextFunctions::insert(tvstring const &text, int position, double value) {
+  char number[352];
+  return insertAt(text, position, ::doubleToString(value, number));
+}
+tvstring TextFunctions::insert(tvstring const &text, int position, char value) {
+  return insertAt(text, position, viewOf(value));
+}
+
+tvstring TextFunctions::deleteCharAt(tvstring const &text, int index) {
+  return deleteStr(text, index, 1);
+}
+tvstring TextFunctions::deleteStr(tvstring const &text, int start, int count) {
+  return replaceRun(text, start, count, {});
+}
+
+tvstring TextFunctions::replace(tvstring const &text, char old, char replacement) {
+  return replaceAll(text, viewOf(old), viewOf(replacement));
+}
+tvstring TextFunctions::replace(tvstring const &text, char old, tvstring const &replacement) {
+  return replaceAll(text, viewOf(old), viewOf(replacement));
+}
+tvstring TextFunctions::replace(tvstring const &text, tvstring const &old, char replacement) {
+  return replaceAll(text, viewOf(old), viewOf(replacement));
+}
+tvstring TextFunctions::replace(tvstring const &text, tvstring const &old, tvstring const &replacement) {
+  return replaceAll(text, viewOf(old), viewOf(replacement));
+}
+tvstring TextFunctions::replace(tvstring const &text, int start, int count, tvstring const &replacement) {
+  return replaceRun(text, start, count, viewOf(replacement));
+}
+tvstring TextFunctions::replace(tvstring const &text, int index, char replacement) {
+  return replaceRun(text, index, 1, viewOf(replacement));
+}
+
+tvstring TextFunctions::trimLeft(tvstring const &text) {
+  return text.substr(blanksBefore(text));
+}
+tvstring TextFunctions::trimRight(tvstring const &text) {
+  return text.substr(0, endOfText(text, 0));
+}
+tvstring TextFunctions::trim(tvstring const &text) {
+  size_t const start = blanksBefore(text);
+  return text.substr(start, endOfText(text, start) - start);
+}
+
+tvstring TextFunctions::reverse(tvstring const &text) {
+  return newText(text.length(), [&](char *to) { std::reverse_copy(text.data(), text.data() + text.length(), to); });
+}
+
+tvstring TextFunctions::repeat(tvstring const &text, int count) {
+  size_t const total = product(notNegative(count), text.length());
+  return newText(total, [&](char *to) {
+    put(to, viewOf(text));
+    for (size_t done = text.length(); done != total; done += std::min(done, total - done))
+      std::memcpy(to + done, to, std::min(done, total - done));
+  });
+}
+
+tvstring TextFunctions::rpad(tvstring const &text, char pad, int width) {
+  return padded(text, pad, width, false);
+}
+tvstring TextFunctions::lpad(tvstring const &text, char pad, int width) {
+  return padded(text, pad, width, true);
+}
+
+TextFunctions::List TextFunctions::split(tvstring const &separator, tvstring const &text, int limit) {
+  List parts;
+  if (text.empty()) return parts;
+  if (separator.empty()) {
+    parts.add(text);
+    return parts;
+  }
+  for (size_t at = 0; parts.size() < limit;) {
+    size_t const end = text.find(separator, at);
+    if (end == tvstring::npos) {
+      parts.add(text.substr(at));
+      break;
+    }
+    parts.add(text.substr(at, end - at));
+    at = end + separator.length();
+    if (at == text.length()) {
+      parts.add(tvstring());  // over the limit, too
+      break;
+    }
+  }
+  return parts;
+}
+
+}  // namespace tavrone

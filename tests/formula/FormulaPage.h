@@ -1,0 +1,77 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "tavrone/tavrone.h"
+#include "tests/Text.h"
+
+// What the source that formula_page.cmake makes of docs/FORMULAS.md stands on: how the page shows results.
+
+namespace tavrone::page {
+
+inline std::string shown(bool value) {
+  return value ? "true" : "false";
+}
+inline std::string shown(char value) {
+  return std::string(1, value);
+}
+inline std::string shown(int value) {
+  return std::to_string(value);
+}
+inline std::string shown(long long value) {
+  return std::to_string(value);
+}
+inline std::string shown(double value) {
+  return str(doubleToString(value));
+}
+inline std::string shown(float value) {
+  return str(floatToString(value));
+}
+inline std::string shown(char const *text) {
+  return text;
+}
+inline std::string shown(tvstring const &text) {
+  return str(text);
+}
+inline std::string shown(Binary const &bytes) {
+  return str(bytes.toHexString());
+}
+inline std::string shown(BigDecimal const &number) {
+  return str(number.toString());
+}
+inline std::string shown(BigInteger const &number) {
+  return str(number.toString());
+}
+inline std::string shown(DateTime const &value) {
+  return str(value.toString("yyyy-MM-ddTHH:mm:ss.SSS"));
+}
+inline std::string shown(ISODateTime const &value) {
+  int const offset = value.getTimeZoneOffset();
+  return shown(static_cast<DateTime const &>(value)) + (offset < 0 ? "" : "+") + std::to_string(offset);
+}
+inline std::string shown(Object const &value) {
+  return str(value.toString());
+}
+inline std::string shown(Object const *value) {
+  return value == nullptr ? "null" : shown(*value);
+}
+
+// A row of the page at this line, with the formula as it stands there.
+inline void expectRow(int line, char const *formula, char const *expected, std::function<std::string()> const &result) {
+  std::string text;
+  try {
+    text = result();
+    text = text.empty() ? "empty" : '`' + text + '`';
+  } catch (Exception const &failure) {
+    text = "fails: `" + str(failure.getMessage()) + '`';
+  } catch (std::exception const &failure) {
+    text = std::string("fails: `") + failure.what() + '`';
+  }
+  if (text != expected)
+    ADD_FAILURE_AT("docs/FORMULAS.md", line) << formula << "\n  gives " << text << "\n  not   " << expected;
+}
+
+}  // namespace tavrone::page
