@@ -60,6 +60,7 @@
 #include "tavrone/dataobject/SectionHelper.h"
 #include "tavrone/dataobject/TypedSection.h"
 #include "tavrone/formula/ConcatFunctionsHelper.h"
+#include "tavrone/formula/AggregateFunctions.h"
 #include "tavrone/formula/MessageFunctions.h"
 #include "tavrone/formula/TextFunctions.h"
 #include "tavrone/pipeline/AbstractExternalMessage.h"
