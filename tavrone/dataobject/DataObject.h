@@ -89,4 +89,10 @@ class TAVRONE_API DataObject : public virtual ObjectRef {
   bool hasFieldOffsets_ = false;
 };
 
+// Keeps an object alive through a change that may drop the last reference on it. Null for one that has no reference,
+// such as one on the stack, which nobody can drop.
+inline SmartPtr<DataObject> keepAlive(DataObject const &object) {
+  return SmartPtr<DataObject>(object.getRefCount() > 0 ? const_cast<DataObject *>(&object) : nullptr);
+}
+
 }  // namespace tavrone

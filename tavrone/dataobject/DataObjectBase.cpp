@@ -151,6 +151,7 @@ void copyStored(DataObject const &from, DataObject &to, DataObjectMetaInfo const
 
 void DataObjectBase::copy(DataObject const *from, DataObject *to) {
   if (from == to) return;
+  SmartPtr<DataObject> const kept = keepAlive(*from);  // it may be in a section of `to`
   if (from->hasFieldOffsets() && to->hasFieldOffsets() && from->getMetaInfo() == to->getMetaInfo()) {
     copyStored(*from, *to, *from->getMetaInfo());
     return;

@@ -49,7 +49,7 @@ Object *give(Value const &value, Object *out) {
   return out;
 }
 
-// Shares the elements of another section. One that doesn't fit is found before anything changes.
+// Shares the elements of another section. One of another class is found before anything changes.
 void shareElements(AbstractDataObjectSection &to, DataObjectSection *from) {
   int const count = from->getElementCount();
   for (int i = 0; i < count; ++i) to.admitElement(from->getElement(i));

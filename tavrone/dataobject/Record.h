@@ -293,6 +293,7 @@ class TAVRONE_API Record : public RecordBase {
   // Takes over values, flags and clones of the sections' elements; parent and references stay.
   Record &operator=(Record const &other) {
     if (this == &other) return *this;
+    SmartPtr<DataObject> const kept = keepAlive(other);  // it may be in a section of this record
     slots_.assign(other.slots_, this);
     flags_ = other.flags_;
     return *this;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <iterator>
 #include <type_traits>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -17,7 +18,8 @@ namespace tavrone {
 // with ClassCastException wherever it comes in. Walked by a range for; adding or removing an element ends the walk.
 //
 // clear() and reset() keep the elements that nobody else holds, reset, and createElement() hands them out again: a
-// record that a parser fills over and over allocates no elements. It keeps at most as many as it once held.
+// record that a parser fills over and over allocates no elements. It keeps at most as many as it once held. A class
+// whose fields don't all start null sets them in reset() too.
 template <class Element, class Form>
 class TAVRONE_API TypedSection : public Form {
   using Held = SmartPtr<DataObject>;
@@ -147,7 +149,7 @@ class TAVRONE_API TypedSection : public Form {
   void retire(Held element) {
     if (!element->unique()) {
       if (element->getParentSection() == this) element->setParentSection(nullptr);
-    } else if (spares_.size() < mostHeld_) {
+    } else if (DataObject const &object = *element; spares_.size() < mostHeld_ && typeid(object) == typeid(Element)) {
       element->reset();
       spares_.push_back(std::move(element));
     }

@@ -329,6 +329,23 @@ TEST(Record, ElementsAreOfTheDeclaredClassOrRefused) {
   SmartPtr<Leg> const leg(checkedCast<Leg>(copies.getElement(0)->clone()));
   legs.addElement(leg.get(), false);
   EXPECT_EQ(legs.size(), 3);
+  legs.clear();
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(dynamic_cast<Special *>(&legs.add()), nullptr);
+}
+
+// By assignment, and field by field.
+TEST(Record, TakesTheValuesOfARecordInItsOwnSections) {
+  using Take = void (*)(Everything & from, Everything & to);
+  for (Take take : {Take([](Everything &from, Everything &to) { to = from; }),
+                    Take([](Everything &from, Everything &to) { DataObjectBase::copy(&from, &to); })}) {
+    SmartPtr<Everything> const root(new Everything);
+    Everything &child = root->section<"Children">().add();
+    child.section<"Children">().add().set<"Int">(3);
+    child.nested<"Owner">().set<"Name">("Smith");
+    tvstring const expected = child.toXMLString(0);
+    take(child, *root);
+    EXPECT_EQ(root->toXMLStringImpl(0), expected);
+  }
 }
 
 TEST(Record, ResetKeepsElementsThatNobodyElseHolds) {
