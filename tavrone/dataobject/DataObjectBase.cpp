@@ -6,6 +6,7 @@
 #include "tavrone/dataobject/DataObjectSection.h"
 #include "tavrone/dataobject/FieldAccess.h"
 #include "tavrone/dataobject/MetaInfo.h"
+#include "tavrone/pipeline/RawMessage.h"
 
 namespace tavrone {
 

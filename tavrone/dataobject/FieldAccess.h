@@ -16,7 +16,7 @@ namespace tavrone {
 
 // Calls visit(value) with the field's value where the record keeps it, const for a const record; false without a call
 // where only the accessors know. The class of the value follows from the field's kind:
-//   tvstring, int, long long, float, double, char, bool, Binary, BigInteger, BigDecimal;
+//   tvstring, int, long long, float, double, char, bool, Binary, BigInteger, BigDecimal, RawMessage;
 //   DateTime for DATE_TIME, DATE_ONLY and TIME_ONLY; ISODateTime for ISO_DATE_TIME, ISO_DATE and ISO_TIME;
 //   DataObjectSectionImpl for SECTION, DataObjectSingleElementSectionImpl for DATA_OBJECT.
 // REQUIRES: `field` is one of the record's own metadata
@@ -52,7 +52,7 @@ bool visitStored(Holder &record, FieldMetaInfo const &field, Visitor &&visit) {
       visit(storedValue<DataObjectSectionImpl>(base, field));
     else if constexpr (KIND == FieldKind::DATA_OBJECT)
       visit(storedValue<DataObjectSingleElementSectionImpl>(base, field));
-    else if constexpr (HasPlainValue<KIND>)
+    else if constexpr (HasValue<KIND>)
       visit(storedValue<typename FieldOf<KIND>::Value>(base, field));
     else
       return false;

@@ -10,6 +10,8 @@
 
 namespace tavrone {
 
+class RawMessageObject;
+
 template <FieldKind Kind>
 using KindTag = std::integral_constant<FieldKind, Kind>;
 
@@ -19,7 +21,7 @@ struct PlainField {
   using Wrapper = WrapperType;
 };
 
-// Left empty for kinds without a plain value: sections, nested records and types outside the vocabulary.
+// Left empty for kinds without such a value: sections, nested records and types outside the vocabulary.
 template <FieldKind Kind>
 struct FieldOf {};
 template <>
@@ -54,11 +56,16 @@ template <>
 struct FieldOf<FieldKind::BIG_INTEGER> : PlainField<BigInteger, BigIntegerObject> {};
 template <>
 struct FieldOf<FieldKind::BIG_DECIMAL> : PlainField<BigDecimal, BigDecimalObject> {};
+template <>
+struct FieldOf<FieldKind::RAW_MESSAGE> : PlainField<RawMessage, RawMessageObject> {};
 
 template <FieldKind Kind>
-concept HasPlainValue = requires {
+concept HasValue = requires {
   typename FieldOf<Kind>::Value;
 };
+// A value with a text and a stored form of its own. A raw message shows itself through its wrapper.
+template <FieldKind Kind>
+concept HasPlainValue = HasValue<Kind> && Kind != FieldKind::RAW_MESSAGE;
 
 template <FieldKind Kind>
 constexpr bool IS_DATE = Kind == FieldKind::DATE_TIME || Kind == FieldKind::DATE_ONLY || Kind == FieldKind::TIME_ONLY;
@@ -68,7 +75,7 @@ constexpr bool HAS_DAY = Kind != FieldKind::TIME_ONLY;
 template <FieldKind Kind>
 constexpr bool HAS_TIME = Kind != FieldKind::DATE_ONLY;
 
-// Calls with the KindTag of the kind; raw messages count as OTHER. Inlined, so that a walk over fields is one loop.
+// Calls with the KindTag of the kind. Inlined, so that a walk over fields is one loop.
 template <class Call>
 [[gnu::always_inline]] inline decltype(auto) withKind(FieldKind kind, Call &&call) {
   switch (kind) {
@@ -109,6 +116,7 @@ template <class Call>
     case FieldKind::DATA_OBJECT:
       return call(KindTag<FieldKind::DATA_OBJECT>());
     case FieldKind::RAW_MESSAGE:
+      return call(KindTag<FieldKind::RAW_MESSAGE>());
     case FieldKind::OTHER:
       return call(KindTag<FieldKind::OTHER>());
   }

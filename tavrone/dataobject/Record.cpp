@@ -5,6 +5,7 @@
 
 #include "tavrone/core/Wrappers.h"
 #include "tavrone/dataobject/FieldAccess.h"
+#include "tavrone/pipeline/RawMessage.h"
 
 namespace tavrone {
 
@@ -32,6 +33,7 @@ template <> struct Access<DateTime> : Through<DateObject, &Object::getDate, &Obj
 template <> struct Access<ISODateTime> : Through<ISODateObject, &Object::getISODate, &Object::setISODate> {};
 template <> struct Access<BigInteger> : Through<BigIntegerObject, &Object::getBigInteger, &Object::setBigInteger> {};
 template <> struct Access<BigDecimal> : Through<BigDecimalObject, &Object::getBigDecimal, &Object::setBigDecimal> {};
+template <> struct Access<RawMessage> : Through<RawMessageObject, &Object::getRawMessage, &Object::setRawMessage> {};
 // clang-format on
 
 template <class Value>

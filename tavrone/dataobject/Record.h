@@ -80,6 +80,7 @@ template <> struct FieldType<ISODate> : FieldTypeRow<ISODateTime, DesignerTypes:
 template <> struct FieldType<ISOTime> : FieldTypeRow<ISODateTime, DesignerTypes::ISO_TIME_TYPE> {};
 template <> struct FieldType<BigInteger> : FieldTypeRow<BigInteger, DesignerTypes::BIG_INTEGER_TYPE> {};
 template <> struct FieldType<BigDecimal> : FieldTypeRow<BigDecimal, DesignerTypes::BIG_DECIMAL_TYPE> {};
+template <> struct FieldType<RawMessage> : FieldTypeRow<RawMessage, DesignerTypes::RAW_MESSAGE_TYPE> {};
 // clang-format on
 
 enum class MemberKind { NONE, FIELD, SECTION, NESTED };
@@ -308,7 +309,11 @@ class TAVRONE_API Record : public RecordBase {
   }
   template <FixedText F>
   requires(kindOf<F> == MemberKind::FIELD) void set(Parameter<F> value) {
-    valueOf<index<F>>(slots_) = value;
+    // The former message may be what keeps the new one alive, or be the same.
+    if constexpr (std::is_same_v<Value<F>, RawMessage>)
+      valueOf<index<F>>(slots_) = Value<F>(value);
+    else
+      valueOf<index<F>>(slots_) = value;
     flags_[index<F>] = true;
   }
   template <FixedText F>
