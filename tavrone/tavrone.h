@@ -94,4 +94,6 @@
 #include "tavrone/routing/MessageIdentifier.h"
 #include "tavrone/routing/MessageRouter.h"
 #include "tavrone/routing/Triggers.h"
+#include "tavrone/universal/UniversalOutputRecord.h"
+#include "tavrone/universal/UniversalOutputWriter.h"
 #include "tavrone/universal/UniversalRecord.h"

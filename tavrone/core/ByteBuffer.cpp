@@ -45,11 +45,6 @@ char *ByteBuffer::toByteArray(int &n) const {
   return copy;
 }
 
-void ByteBuffer::chop(int n) {
-  if (n < 0 || n > std::max(length_, capacity_)) raiseOutOfBounds();
-  length_ = n;
-}
-
 void ByteBuffer::grow(long long needed) {
   int capacity;
   std::unique_ptr<char[]> block = copyInto(needed, capacity);

@@ -48,7 +48,10 @@ class TAVRONE_API ByteBuffer {
 
   // Sets the length, up to the capacity: what was written through str() behind the length can be taken in. Any other
   // length raises "Out of bounds".
-  void chop(int n);
+  void chop(int n) {
+    if (n < 0 || (n > capacity_ && n > length_)) raiseOutOfBounds();
+    length_ = n;
+  }
 
   bool hasMore() const { return readPosition_ < length_; }
   // The next byte, sign-extended. Raises TransformException "Out of bounds" at the end.

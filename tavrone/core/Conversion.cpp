@@ -398,6 +398,16 @@ bool tryReadInt(char const *begin, char const *end, int &value) {
   return reading.outcome == Outcome::Number;
 }
 
+char *writeNumber(int value, char *out) {
+  return writeDecimal(value, out);
+}
+char *writeNumber(long long value, char *out) {
+  return writeDecimal(value, out);
+}
+char *writeNumber(double value, char *out) {
+  return writeDouble(value, out);
+}
+
 namespace {
 
 // What the numeric assign forms reserve.

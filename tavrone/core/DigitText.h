@@ -3,11 +3,16 @@
 #include <cstdint>
 #include <cstring>
 
-// What the readers of number text share.
+// What the readers and writers of number text share.
 namespace tavrone {
 
 // t_atoi for texts that may well be no number: false where it would raise a failure.
 bool tryReadInt(char const *begin, char const *end, int &value);
+
+// t_itoa, t_ltoa and doubleToString, with the room that those ask for; return where the text ends.
+char *writeNumber(int value, char *out);
+char *writeNumber(long long value, char *out);
+char *writeNumber(double value, char *out);
 
 constexpr uint64_t ASCII_ZEROS = 0x3030303030303030;
 

@@ -1,0 +1,758 @@
+#include "tavrone/universal/UniversalOutputRecord.h"
+
+#include <bit>
+#include <climits>
+#include <cmath>
+#include <concepts>
+#include <limits>
+#include <type_traits>
+
+#include "tavrone/core/BinaryText.h"
+#include "tavrone/core/Conversion.h"
+#include "tavrone/core/DigitText.h"
+#include "tavrone/core/Raise.h"
+#include "tavrone/universal/PackedDigits.h"
+
+// Every field is first rendered as a text on the stack and checked; then it goes into the buffer at once, so that a
+// field that fails leaves nothing behind. A field of fixed width is laid down as fill alone, and its value written over
+// it.
+
+namespace tavrone {
+
+namespace {
+
+constexpr char const *SOURCE = "cpp/universal/UniversalOutputRecord";
+
+[[noreturn]] TAVRONE_COLD void raiseCannotRepresent(tvstring const &value, long long width, char const *unit) {
+  raise<TransformException>("Cannot represent '" + value + "' in " + dlongToString(width) + ' ' + unit, SOURCE);
+}
+[[noreturn]] TAVRONE_COLD void raisePackedOverflow() {
+  raise<TransformException>("Packed decimal overflow", SOURCE);
+}
+
+// Raises "Out of bounds" for more than a record can hold.
+int lengthOf(size_t n) {
+  if (n > INT_MAX) raise<TransformException>("Out of bounds", SOURCE);
+  return static_cast<int>(n);
+}
+
+}  // namespace
+
+// The text of one value, on the stack; a view where the value is a text itself.
+class FieldText {
+ public:
+  explicit FieldText(tvstring const &text) : data_(text.data()), length_(text.length()) {}
+  explicit FieldText(char value) : data_(room_), length_(1) { room_[0] = value; }
+  template <class Number>
+  requires std::same_as<Number, int> || std::same_as<Number, long long>
+  explicit FieldText(Number value) : data_(room_), length_(static_cast<size_t>(writeNumber(value, room_) - room_)) {}
+  FieldText(double value, char point) : data_(room_), length_(static_cast<size_t>(writeNumber(value, room_) - room_)) {
+    if (void *dot = point == '.' ? nullptr : std::memchr(room_, '.', length_)) *static_cast<char *>(dot) = point;
+  }
+  FieldText(DateTime const &value, tvstring const &pattern)
+      : data_(room_), length_(value.asString(room_, LONGEST_DATE, pattern)) {}
+  template <std::derived_from<MAPM> Decimal>
+  explicit FieldText(Decimal const &value) : data_(room_) {
+    if (char const *end = value.writeFixed(room_, room_ + sizeof room_)) {
+      length_ = static_cast<size_t>(end - room_);
+    } else {
+      long_ = value.toString();
+      data_ = long_.data();
+      length_ = long_.length();
+    }
+  }
+  FieldText(FieldText const &) = delete;
+
+  char const *data() const { return data_; }
+  size_t size() const { return length_; }
+  int length() const { return lengthOf(length_); }
+  tvstring toString() const { return tvstring(data_, length_); }
+
+ private:
+  static constexpr size_t LONGEST_DATE = 256;
+  static constexpr size_t LONGEST_NUMBER = 352;
+
+  char const *data_;
+  size_t length_;
+  tvstring long_;
+  char room_[LONGEST_NUMBER];
+};
+
+namespace {
+
+// The least value has no magnitude and stays negative.
+template <std::signed_integral T>
+constexpr T magnitudeOf(T value) {
+  using Unsigned = std::make_unsigned_t<T>;
+  return value < 0 ? static_cast<T>(Unsigned{0} - static_cast<Unsigned>(value)) : value;
+}
+
+// Append n characters; return where they stand. Nothing is appended for n below 1.
+char *appendFill(ByteBuffer &out, int n, char c) {
+  if (n <= 0) return out.str() + out.length();
+  out.ensureFree(n);
+  char *const place = out.str() + out.length();
+  std::memset(place, c, static_cast<size_t>(n));
+  out.chop(out.length() + n);
+  return place;
+}
+char *appendFill(tvstringbuffer &out, int n, char c) {
+  size_t const start = out.length();
+  out.append(n, c);
+  return &out[start];
+}
+
+// The digits of a field and its sign. REQUIRES: they fit, as checkWidth says
+template <class Buffer>
+void layOut(FieldText const &digits, bool negative, int width, bool rightAlign, char fill, Buffer &out) {
+  char *const field = appendFill(out, width, fill);
+  size_t const sign = negative ? 1 : 0;
+  size_t const free = static_cast<size_t>(width) - digits.size() - sign;
+  size_t const start = rightAlign ? free : 0;
+  if (negative) field[fill == '0' && rightAlign ? 0 : start] = '-';
+  std::memcpy(field + start + sign, digits.data(), digits.size());
+}
+
+void checkWidth(FieldText const &digits, bool negative, long long width) {
+  if (width < static_cast<long long>(digits.size() + (negative ? 1 : 0)))
+    raiseCannotRepresent(digits.toString(), width, "digits");
+}
+
+template <class Buffer>
+void appendPadded(FieldText const &digits, bool negative, int width, bool rightAlign, char fill, Buffer &out) {
+  checkWidth(digits, negative, width);
+  layOut(digits, negative, width, rightAlign, fill, out);
+}
+
+// A number's whole part and its fraction, which is rounded to places of its own and never carries into the whole part.
+class SplitDouble {
+ public:
+  static constexpr int MOST_PLACES = 18;
+
+  // Raises "Cannot represent" where the whole part leaves 64 bits.
+  SplitDouble(double value, int width) : value_(value) {
+    if (!(value >= -LIMIT && value < LIMIT)) raiseCannotRepresent(doubleToString(value), width, "digits");
+    whole_ = static_cast<long long>(value);
+    fraction_ = std::fabs(value - static_cast<double>(whole_));
+  }
+
+  bool isNegative() const { return value_ < 0; }
+  long long magnitude() const { return magnitudeOf(whole_); }
+  bool hasFraction() const { return fraction_ != 0; }
+  // REQUIRES: 0 <= places <= MOST_PLACES
+  long long fraction(int places) const {
+    double const power = static_cast<double>(UniversalRecord::LONG_POWERS_OF_10[static_cast<size_t>(places)]);
+    return static_cast<long long>(std::floor(power * fraction_ + 0.5));
+  }
+
+ private:
+  static constexpr double LIMIT = 9223372036854775808.0;  // 2^63
+
+  double value_;
+  long long whole_;
+  double fraction_;
+};
+
+// A number with a fixed count of places on both sides of the point, checked.
+class FixedDouble {
+ public:
+  FixedDouble(double value, int integerDigits, int fractionDigits, char point)
+      : parts_(split(value, integerDigits, fractionDigits)),
+        whole_(parts_.magnitude()),
+        fraction_(parts_.fraction(fractionDigits)),
+        integerDigits_(integerDigits),
+        fractionDigits_(fractionDigits),
+        point_(point) {
+    checkWidth(whole_, parts_.isNegative(), integerDigits);
+    checkWidth(fraction_, false, fractionDigits);
+  }
+
+  int length() const {
+    return lengthOf(static_cast<size_t>(integerDigits_) + static_cast<size_t>(fractionDigits_) +
+                    (point_ != '\0' ? 1 : 0));
+  }
+  template <class Buffer>
+  void appendTo(Buffer &out, char fill) const {
+    layOut(whole_, parts_.isNegative(), integerDigits_, true, fill, out);
+    if (point_ != '\0') appendFill(out, 1, point_);
+    layOut(fraction_, false, fractionDigits_, true, '0', out);
+  }
+
+ private:
+  static SplitDouble split(double value, int integerDigits, int fractionDigits) {
+    if (fractionDigits < 0 || fractionDigits > SplitDouble::MOST_PLACES)
+      raiseCannotRepresent(doubleToString(value), fractionDigits, "digits");
+    return SplitDouble(value, integerDigits);
+  }
+
+  SplitDouble parts_;
+  FieldText whole_;
+  FieldText fraction_;
+  int integerDigits_;
+  int fractionDigits_;
+  char point_;
+};
+
+}  // namespace
+
+UniversalOutputRecord::UniversalOutputRecord(UniversalOutputRecord *enclosing, tvstring const &delimiter,
+                                             bool recordFlag, bool dropLastDelimiter)
+    : UniversalRecord(delimiter, recordFlag, dropLastDelimiter), enclosingRecord_(enclosing) {}
+
+UniversalOutputRecord::UniversalOutputRecord(UniversalOutputRecord const &other) : Object(other), UniversalRecord() {
+  *this = other;
+}
+
+UniversalOutputRecord::~UniversalOutputRecord() noexcept(false) = default;
+
+UniversalOutputRecord &UniversalOutputRecord::operator=(UniversalOutputRecord const &other) {
+  if (this == &other) return *this;
+  UniversalRecord::operator=(other);
+  trailingNullPosition_ = other.trailingNullPosition_;
+  lastDelimiterPosition_ = other.lastDelimiterPosition_;
+  nullDelimiterPosition_ = other.nullDelimiterPosition_;
+  buffer_.chop(0);
+  buffer_.append(other.buffer_);
+  enclosingRecord_ = other.enclosingRecord_;
+  terminator_ = other.terminator_;
+  return *this;
+}
+
+void UniversalOutputRecord::init(UniversalOutputRecord *enclosing) {
+  enclosingRecord_ = enclosing;
+  trailingNullPosition_ = NONE;
+  lastDelimiterPosition_ = NONE;
+  nullDelimiterPosition_ = NONE;
+  terminator_ = NONE;
+}
+
+void UniversalOutputRecord::restart(tvstring const &delimiter, bool recordFlag, bool dropLastDelimiter) {
+  while (!isSequenceCompleted()) UniversalRecord::endSequence();
+  init(delimiter, recordFlag, dropLastDelimiter);
+  init(enclosingRecord_);
+  buffer_.chop(0);
+}
+
+UniversalOutputRecord *UniversalOutputRecord::writeDelimitedRecord(tvstring const &delimiter, bool recordFlag,
+                                                                   bool dropLastDelimiter) {
+  return new UniversalOutputRecord(this, delimiter, recordFlag, dropLastDelimiter);
+}
+
+void UniversalOutputRecord::addSequence(UniversalOutputRecord *child) {
+  if (child->isEmpty())
+    onWriteNullField();
+  else
+    onWriteSequence();
+  int const start = buffer_.length();
+  buffer_.append(child->buffer_);
+  if (child->lastDelimiterPosition_ != NONE) lastDelimiterPosition_ = start + child->lastDelimiterPosition_;
+}
+
+void UniversalOutputRecord::endSequence() {
+  endSection0();
+  UniversalRecord::endSequence();
+}
+void UniversalOutputRecord::endChoice() {
+  endSection0();
+  UniversalRecord::endChoice();
+}
+void UniversalOutputRecord::endAll() {
+  endSection0();
+  UniversalRecord::endAll();
+}
+
+void UniversalOutputRecord::endSection0() {
+  if (!isLastSequence()) return;
+  if (!getDelimiter().empty()) {
+    cutTrailingFields();
+    appendDelimiter(getDelimiter());
+  }
+  if (enclosingRecord_ != nullptr) enclosingRecord_->addSequence(this);
+}
+
+void UniversalOutputRecord::cutTrailingFields() {
+  int end = dropsLastDelimiter() ? lastDelimiterPosition_ : NONE;
+  if (trailingNullPosition_ != NONE)
+    end = nullDelimiterPosition_ == NONE || !dropsLastDelimiter() ? trailingNullPosition_ : nullDelimiterPosition_;
+  if (end != NONE && end < buffer_.length()) buffer_.chop(end);
+}
+
+void UniversalOutputRecord::padRecordToLength(int length) {
+  if (getRecordLength() > length)
+    raise<TransformException>(
+        "Record size (" + intToString(getRecordLength()) + ") exceeded upper limit - " + intToString(length), SOURCE);
+  appendFill(buffer_, length - getRecordLength(), ' ');
+}
+
+void UniversalOutputRecord::onWriteNullField() {
+  if (isTrailingField() && trailingNullPosition_ == NONE) {
+    trailingNullPosition_ = buffer_.length();
+    nullDelimiterPosition_ = lastDelimiterPosition_;
+  }
+  lastDelimiterPosition_ = NONE;
+  onField();
+}
+
+// What the fields consist of.
+
+void UniversalOutputRecord::appendPaddedInt(int magnitude, bool negative, int width, bool rightAlign, char fill,
+                                            ByteBuffer &out) {
+  appendPadded(FieldText(magnitude), negative, width, rightAlign, fill, out);
+}
+void UniversalOutputRecord::appendPaddedLong(long long magnitude, bool negative, int width, bool rightAlign, char fill,
+                                             ByteBuffer &out) {
+  appendPadded(FieldText(magnitude), negative, width, rightAlign, fill, out);
+}
+void UniversalOutputRecord::appendPaddedBigInt(BigInteger const &magnitude, bool negative, int width, bool rightAlign,
+                                               char fill, ByteBuffer &out) {
+  appendPadded(FieldText(magnitude), negative, width, rightAlign, fill, out);
+}
+void UniversalOutputRecord::padLong(long long magnitude, bool negative, int width, bool rightAlign, char fill,
+                                    tvstringbuffer &out) {
+  appendPadded(FieldText(magnitude), negative, width, rightAlign, fill, out);
+}
+
+void UniversalOutputRecord::appendString(tvstring const &value, int width, bool rightAlign, char fill, int terminator,
+                                         ByteBuffer &out) {
+  bool const terminated = terminator != NONE;
+  long long const textWidth = static_cast<long long>(width) - (terminated ? 1 : 0);
+  long long const length = static_cast<long long>(value.length());
+  if (length != 0 && length > textWidth) raiseCannotRepresent(value, textWidth, "characters");
+  int const places = static_cast<int>(textWidth < 0 ? 0 : textWidth);
+  char *const field = appendFill(out, terminated ? places + 1 : places, fill);
+  char *const start = field + (rightAlign || length == 0 ? places - length : 0);
+  if (length != 0) std::memcpy(start, value.data(), value.length());
+  if (terminated) start[length] = static_cast<char>(terminator);
+}
+
+void UniversalOutputRecord::appendDoubleValue(double value, int integerDigits, int fractionDigits, char point, bool,
+                                              char fill, ByteBuffer &out) {
+  FixedDouble(value, integerDigits, fractionDigits, point).appendTo(out, fill);
+}
+tvstring UniversalOutputRecord::getDoubleValue(double value, int integerDigits, int fractionDigits, char point, bool,
+                                               char fill) {
+  tvstringbuffer text;
+  FixedDouble(value, integerDigits, fractionDigits, point).appendTo(text, fill);
+  return text;
+}
+
+void UniversalOutputRecord::appendDoubleValue(double value, int width, char point, bool, char fill, ByteBuffer &out) {
+  constexpr int LONGEST = 64;
+  SplitDouble const parts(value, width);
+  FieldText const whole(parts.magnitude());
+  char text[LONGEST];
+  char *end = text;
+  if (parts.isNegative()) *end++ = '-';
+  std::memcpy(end, whole.data(), whole.size());
+  end += whole.size();
+  if (parts.hasFraction()) {
+    *end++ = point;
+    long long const places = width - (end - text);
+    if (places <= 0 || places > SplitDouble::MOST_PLACES) raiseCannotRepresent(doubleToString(value), width, "digits");
+    FieldText const fraction(parts.fraction(static_cast<int>(places)));
+    checkWidth(fraction, false, places);
+    size_t const zeros = static_cast<size_t>(places) - fraction.size();
+    std::memset(end, '0', zeros);
+    std::memcpy(end + zeros, fraction.data(), fraction.size());
+    end += places;
+  }
+  int const length = static_cast<int>(end - text);
+  if (width > length) appendFill(out, width - length, fill);
+  out.append(text, length);
+}
+
+void UniversalOutputRecord::appendBigDecimalValue(BigDecimal const &value, int width, char, bool, char fill,
+                                                  ByteBuffer &out) {
+  FieldText const text(value);
+  if (text.length() < width) appendFill(out, width - text.length(), fill);
+  out.append(text.data(), text.length());
+}
+
+// Fields of fixed width.
+
+void UniversalOutputRecord::appendASCIIField(int value, int width, bool rightAlign, char fill) {
+  onWriteField();
+  appendPaddedInt(magnitudeOf(value), value < 0, width, rightAlign, fill, buffer_);
+}
+void UniversalOutputRecord::appendASCIIField(long long value, int width, bool rightAlign, char fill) {
+  onWriteField();
+  appendPaddedLong(magnitudeOf(value), value < 0, width, rightAlign, fill, buffer_);
+}
+void UniversalOutputRecord::appendASCIIField(BigInteger const &value, int width, bool rightAlign, char fill) {
+  onWriteField();
+  appendPaddedBigInt(value.abs(), value.sign() < 0, width, rightAlign, fill, buffer_);
+}
+void UniversalOutputRecord::appendASCIIField(tvstring const &value, int width, bool rightAlign, char fill) {
+  onWriteField();
+  appendString(value, width, rightAlign, fill, terminator_, buffer_);
+  clearTerminator();
+}
+void UniversalOutputRecord::appendASCIIField(char value, int width, bool rightAlign, char fill) {
+  if (width == 1)
+    appendASCIIField(value);
+  else
+    appendASCIIField(charToString(value), width, rightAlign, fill);
+}
+void UniversalOutputRecord::appendASCIIField(bool value, int width, tvstring const &trueText, tvstring const &falseText,
+                                             bool rightAlign, char fill) {
+  appendASCIIField(value ? trueText : falseText, width, rightAlign, fill);
+}
+void UniversalOutputRecord::appendASCIIField(double value, int integerDigits, int fractionDigits, char point,
+                                             bool rightAlign, char fill) {
+  onWriteField();
+  appendDoubleValue(value, integerDigits, fractionDigits, point, rightAlign, fill, buffer_);
+}
+void UniversalOutputRecord::appendASCIIField(double value, int width, char point, bool rightAlign, char fill) {
+  onWriteField();
+  appendDoubleValue(value, width, point, rightAlign, fill, buffer_);
+}
+void UniversalOutputRecord::appendASCIIField(BigDecimal const &value, int width, int, char point, bool rightAlign,
+                                             char fill) {
+  onWriteField();
+  appendBigDecimalValue(value, width, point, rightAlign, fill, buffer_);
+}
+void UniversalOutputRecord::appendASCIIField(DateTime const &value, int, tvstring const &pattern) {
+  appendASCIIField(value, pattern);
+}
+void UniversalOutputRecord::appendASCIIFieldHex(Binary const &value, int width, bool rightAlign, char fill) {
+  appendEncoded(hexText(value), width, rightAlign, fill);
+}
+void UniversalOutputRecord::appendASCIIFieldBase64(Binary const &value, int width, bool rightAlign, char fill) {
+  appendEncoded(base64Text(value), width, rightAlign, fill);
+}
+void UniversalOutputRecord::appendEncoded(tvstring const &text, int width, bool rightAlign, char fill) {
+  onWriteField();
+  checkWidth(FieldText(text), false, width);
+  appendString(text, width, rightAlign, fill, NONE, buffer_);
+}
+
+tvstring const &UniversalOutputRecord::hexText(Binary const &value) {
+  encodeHex(value.data(), value.length(), scratch_.getBuffer(getASCIIFieldLengthHex(value)));
+  scratch_.setBufferLength(getASCIIFieldLengthHex(value));
+  return scratch_;
+}
+tvstring const &UniversalOutputRecord::base64Text(Binary const &value) {
+  base64Codec().encode(value.data(), value.length(), scratch_.getBuffer(getASCIIFieldLengthBase64(value)));
+  scratch_.setBufferLength(getASCIIFieldLengthBase64(value));
+  return scratch_;
+}
+
+// Fields as long as their value.
+
+int UniversalOutputRecord::appendText(FieldText const &text) {
+  onWriteField();
+  buffer_.append(text.data(), text.length());
+  return text.length();
+}
+
+int UniversalOutputRecord::appendASCIIField(tvstring const &value) {
+  return appendText(FieldText(value));
+}
+int UniversalOutputRecord::appendASCIIField(int value) {
+  return appendText(FieldText(value));
+}
+int UniversalOutputRecord::appendASCIIField(long long value) {
+  return appendText(FieldText(value));
+}
+int UniversalOutputRecord::appendASCIIField(char value) {
+  return appendText(FieldText(value));
+}
+int UniversalOutputRecord::appendASCIIField(bool value, tvstring const &trueText, tvstring const &falseText) {
+  return appendASCIIField(value ? trueText : falseText);
+}
+int UniversalOutputRecord::appendASCIIField(double value, char point) {
+  return appendText(FieldText(value, point));
+}
+int UniversalOutputRecord::appendASCIIField(double value, int integerDigits, int fractionDigits, char point) {
+  onWriteField();
+  FixedDouble const text(value, integerDigits, fractionDigits, point);
+  text.appendTo(buffer_, '0');
+  return text.length();
+}
+int UniversalOutputRecord::appendASCIIField(DateTime const &value, tvstring const &pattern) {
+  return appendText(FieldText(value, pattern));
+}
+int UniversalOutputRecord::appendASCIIFieldHex(Binary const &value) {
+  return appendASCIIField(hexText(value));
+}
+int UniversalOutputRecord::appendASCIIFieldBase64(Binary const &value) {
+  return appendASCIIField(base64Text(value));
+}
+int UniversalOutputRecord::appendBinaryField(Binary const &value) {
+  onWriteField();
+  buffer_.write(value);
+  return static_cast<int>(value.length());
+}
+
+int UniversalOutputRecord::getASCIIFieldLength(tvstring const &value) {
+  return FieldText(value).length();
+}
+int UniversalOutputRecord::getASCIIFieldLength(int value) {
+  return FieldText(value).length();
+}
+int UniversalOutputRecord::getASCIIFieldLength(long long value) {
+  return FieldText(value).length();
+}
+int UniversalOutputRecord::getASCIIFieldLength(char) {
+  return 1;
+}
+int UniversalOutputRecord::getASCIIFieldLength(bool value, tvstring const &trueText, tvstring const &falseText) {
+  return getASCIIFieldLength(value ? trueText : falseText);
+}
+int UniversalOutputRecord::getASCIIFieldLength(double value, char point) {
+  return FieldText(value, point).length();
+}
+int UniversalOutputRecord::getASCIIFieldLength(double value, int integerDigits, int fractionDigits, char point) {
+  return FixedDouble(value, integerDigits, fractionDigits, point).length();
+}
+int UniversalOutputRecord::getASCIIFieldLength(DateTime const &value, tvstring const &pattern) {
+  return FieldText(value, pattern).length();
+}
+int UniversalOutputRecord::getASCIIFieldLengthHex(Binary const &value) {
+  return lengthOf(2 * value.length());
+}
+int UniversalOutputRecord::getASCIIFieldLengthBase64(Binary const &value) {
+  return lengthOf(base64TextLength(value.length()));
+}
+int UniversalOutputRecord::getBinaryFieldLength(Binary const &value) {
+  return lengthOf(value.length());
+}
+
+// Fields that a delimiter ends.
+
+void UniversalOutputRecord::appendDelimitedText(FieldText const &text, tvstring const &delimiter) {
+  appendText(text);
+  appendDelimiter(delimiter);
+}
+
+void UniversalOutputRecord::appendDelimitedField(tvstring const &value, tvstring const &delimiter) {
+  appendDelimitedText(FieldText(value), delimiter);
+}
+void UniversalOutputRecord::appendDelimitedField(tvstring const &value, tvstring const &delimiter, char quote) {
+  if (quote == '\0' || value.find(delimiter) == tvstring::npos) return appendDelimitedField(value, delimiter);
+  onWriteField();
+  buffer_.append(quote);
+  buffer_.append(value);
+  buffer_.append(quote);
+  appendDelimiter(delimiter);
+}
+void UniversalOutputRecord::appendDelimitedField(int value, tvstring const &delimiter) {
+  appendDelimitedText(FieldText(value), delimiter);
+}
+void UniversalOutputRecord::appendDelimitedField(long long value, tvstring const &delimiter) {
+  appendDelimitedText(FieldText(value), delimiter);
+}
+void UniversalOutputRecord::appendDelimitedField(char value, tvstring const &delimiter) {
+  appendDelimitedText(FieldText(value), delimiter);
+}
+void UniversalOutputRecord::appendDelimitedField(bool value, tvstring const &delimiter, tvstring const &trueText,
+                                                 tvstring const &falseText) {
+  appendDelimitedField(value ? trueText : falseText, delimiter);
+}
+void UniversalOutputRecord::appendDelimitedField(double value, char point, tvstring const &delimiter) {
+  appendDelimitedText(FieldText(value, point), delimiter);
+}
+void UniversalOutputRecord::appendDelimitedField(double value, int integerDigits, int fractionDigits, char point,
+                                                 tvstring const &delimiter, char fill) {
+  onWriteField();
+  FixedDouble(value, integerDigits, fractionDigits, point).appendTo(buffer_, fill);
+  appendDelimiter(delimiter);
+}
+void UniversalOutputRecord::appendDelimitedField(BigDecimal const &value, tvstring const &delimiter) {
+  appendDelimitedText(FieldText(value), delimiter);
+}
+void UniversalOutputRecord::appendDelimitedField(BigInteger const &value, tvstring const &delimiter) {
+  appendDelimitedText(FieldText(value), delimiter);
+}
+void UniversalOutputRecord::appendDelimitedField(DateTime const &value, tvstring const &pattern,
+                                                 tvstring const &delimiter) {
+  appendDelimitedText(FieldText(value, pattern), delimiter);
+}
+// No onWriteDelimiter in these three: see the header.
+void UniversalOutputRecord::appendDelimitedFieldHex(Binary const &value, tvstring const &delimiter) {
+  appendASCIIFieldHex(value);
+  buffer_.append(delimiter);
+}
+void UniversalOutputRecord::appendDelimitedFieldBase64(Binary const &value, tvstring const &delimiter) {
+  appendASCIIFieldBase64(value);
+  buffer_.append(delimiter);
+}
+void UniversalOutputRecord::appendDelimitedASCIIFieldASCII(Binary const &value, tvstring const &delimiter) {
+  appendBinaryField(value);
+  buffer_.append(delimiter);
+}
+
+// Null fields, and what belongs to no field.
+
+void UniversalOutputRecord::appendFiller(int n) {
+  onWriteNullField();
+  writeChoicePadding(n);
+}
+void UniversalOutputRecord::appendFiller(tvstring const &text) {
+  onWriteNullField();
+  buffer_.append(text);
+}
+void UniversalOutputRecord::appendDelimitedFiller(tvstring const &text, tvstring const &delimiter) {
+  appendFiller(text);
+  appendDelimiter(delimiter);
+}
+void UniversalOutputRecord::appendSectionTag(tvstring const &tag, tvstring const &separator) {
+  appendTag(tag);
+  appendTag(separator);
+}
+void UniversalOutputRecord::appendDelimiter(tvstring const &delimiter) {
+  onWriteDelimiter();
+  buffer_.append(delimiter);
+}
+void UniversalOutputRecord::writeChoicePadding(int n) {
+  appendFill(buffer_, n, ' ');
+}
+
+// Binary fields.
+
+// The value's low bytes, as many as Value has.
+template <class Value>
+void UniversalOutputRecord::writeBinary(long long value, bool bigEndian) {
+  onWriteField();
+  char bytes[sizeof(Value)];
+  for (size_t i = 0; i < sizeof bytes; ++i)
+    bytes[bigEndian ? sizeof bytes - 1 - i : i] = static_cast<char>(static_cast<uint64_t>(value) >> (8 * i));
+  buffer_.append(bytes, sizeof bytes);
+}
+
+void UniversalOutputRecord::writeBinaryInt1(int value) {
+  writeBinary<int8_t>(value, true);
+}
+void UniversalOutputRecord::writeBinaryInt2(int value, bool bigEndian) {
+  writeBinary<int16_t>(value, bigEndian);
+}
+void UniversalOutputRecord::writeBinaryInt4(int value, bool bigEndian) {
+  writeBinary<int32_t>(value, bigEndian);
+}
+void UniversalOutputRecord::writeBinaryInt8(long long value, bool bigEndian) {
+  writeBinary<int64_t>(value, bigEndian);
+}
+
+void UniversalOutputRecord::writeBinaryBinary(Binary const &value, int length) {
+  if (length < 0 || value.length() != static_cast<size_t>(length))
+    raise<TransformException>("Number of bytes in output (" + dlongToString(static_cast<long long>(value.length())) +
+                                  ") is not same as the fixed length - " + intToString(length),
+                              SOURCE);
+  writeBinaryBinary(value);
+}
+
+namespace {
+
+struct Range {
+  long long low;
+  long long high;
+};
+
+Range rangeOf(int length, bool isSigned) {
+  if (length != 1 && length != 2 && length != 4 && length != 8)
+    raise<TransformException>("Illegal integral length - " + intToString(length), SOURCE);
+  if (length == 8) return {LLONG_MIN, LLONG_MAX};
+  long long const values = 1LL << (8 * length);
+  return isSigned ? Range{-values / 2, values / 2 - 1} : Range{0, values - 1};
+}
+
+}  // namespace
+
+void UniversalOutputRecord::writeBinaryInt(int length, int value, bool isSigned, bool bigEndian) {
+  auto const [low, high] = rangeOf(length, isSigned);
+  if (high <= INT_MAX)
+    assertRangeInt(value, static_cast<int>(low), static_cast<int>(high));
+  else
+    assertRangeLong(value, low, high);
+  writeBinaryOfLength(length, value, bigEndian);
+}
+
+void UniversalOutputRecord::writeBinaryLong(int length, long long value, bool isSigned, bool bigEndian) {
+  auto const [low, high] = rangeOf(length, isSigned);
+  assertRangeLong(value, low, high);
+  writeBinaryOfLength(length, value, bigEndian);
+}
+
+void UniversalOutputRecord::writeBinaryOfLength(int length, long long value, bool bigEndian) {
+  switch (length) {
+    case 1:
+      return writeBinary<int8_t>(value, bigEndian);
+    case 2:
+      return writeBinary<int16_t>(value, bigEndian);
+    case 4:
+      return writeBinary<int32_t>(value, bigEndian);
+    default:
+      return writeBinary<int64_t>(value, bigEndian);
+  }
+}
+
+void UniversalOutputRecord::assertRangeInt(int value, int low, int high) {
+  if (value < low || value > high)
+    raise<TransformException>("Output value " + intToString(value) + " not in allowed range", SOURCE);
+}
+void UniversalOutputRecord::assertRangeLong(long long value, long long low, long long high) {
+  if (value < low || value > high)
+    raise<TransformException>("Cannot represent output value " + dlongToString(value), SOURCE);
+}
+
+// Packed decimals.
+
+namespace {
+
+constexpr int MOST_INT_DIGITS = 10;
+constexpr int MOST_LONG_DIGITS = 19;
+
+template <std::signed_integral T>
+constexpr uint64_t unsignedMagnitude(T value) {
+  return value < 0 ? uint64_t{0} - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
+}
+
+}  // namespace
+
+void UniversalOutputRecord::writePackedDecimalInt(int value, int digits) {
+  writePacked(unsignedMagnitude(value), value < 0, digits, MOST_INT_DIGITS);
+}
+void UniversalOutputRecord::writePackedDecimalLong(long long value, int digits) {
+  writePacked(unsignedMagnitude(value), value < 0, digits, MOST_LONG_DIGITS);
+}
+
+// No count of digits asks whether the value fits: its one byte shows the sign alone.
+void UniversalOutputRecord::writePacked(uint64_t magnitude, bool negative, int digits, int mostDigits) {
+  onWriteField();
+  if (digits < 0) return;
+  if (digits > mostDigits) raisePackedOverflow();
+  if (digits > 0 && digits < MOST_LONG_DIGITS &&
+      magnitude >= static_cast<uint64_t>(LONG_POWERS_OF_10[static_cast<size_t>(digits)]))
+    raisePackedOverflow();
+  buffer_.ensureFree(PackedDigits::ROOM);
+  char *const end = PackedDigits(magnitude, negative).write(digits, buffer_.str() + buffer_.length());
+  buffer_.chop(static_cast<int>(end - buffer_.str()));
+}
+
+void UniversalOutputRecord::writePackedDecimalDouble(double value, int integerDigits, int fractionDigits) {
+  writePackedDecimal(value, integerDigits, fractionDigits);
+}
+void UniversalOutputRecord::writePackedDecimalFloat(float value, int integerDigits, int fractionDigits) {
+  writePackedDecimal(value, integerDigits, fractionDigits);
+}
+
+template <class Number>
+void UniversalOutputRecord::writePackedDecimal(Number value, int integerDigits, int fractionDigits) {
+  constexpr int MOST_SHORT_DIGITS = 8;
+  long long const digits = static_cast<long long>(integerDigits) + fractionDigits;
+  if (digits < 0) return onWriteField();
+  bool const isShort = digits <= MOST_SHORT_DIGITS;
+  if (fractionDigits < 0 || fractionDigits >= (isShort ? MOST_INT_DIGITS : MOST_LONG_DIGITS) ||
+      digits > MOST_LONG_DIGITS)
+    raisePackedOverflow();
+  Number const product = static_cast<Number>(LONG_POWERS_OF_10[static_cast<size_t>(fractionDigits)]) * value;
+  double const rounded = std::floor(static_cast<double>(product) + 0.5);
+  double const limit = isShort ? 0x1p31 : 0x1p63;
+  if (!(rounded >= -limit && rounded < limit)) raisePackedOverflow();
+  if (isShort)
+    writePackedDecimalInt(static_cast<int>(rounded), static_cast<int>(digits));
+  else
+    writePackedDecimalLong(static_cast<long long>(rounded), static_cast<int>(digits));
+}
+
+}  // namespace tavrone
