@@ -34,12 +34,15 @@ inline bool areDigits(uint64_t word) {
   return (word & HIGH) == ASCII_ZEROS && ((word + 0x0606060606060606) & HIGH) == ASCII_ZEROS;
 }
 
-// The number that a word of eight digits spells.
-inline uint64_t valueOf8(uint64_t word) {
+// The number that a word spells whose eight bytes are 0 to 9 each.
+inline uint64_t valueOfDigits8(uint64_t word) {
   constexpr uint64_t PAIRS = 0x000000FF000000FF;
-  word -= ASCII_ZEROS;
   word = word * 10 + (word >> 8);
   return ((word & PAIRS) * (1000000ULL << 32 | 100) + (word >> 16 & PAIRS) * (10000ULL << 32 | 1)) >> 32;
+}
+// The number that a word of eight digits spells.
+inline uint64_t valueOf8(uint64_t word) {
+  return valueOfDigits8(word - ASCII_ZEROS);
 }
 
 }  // namespace tavrone

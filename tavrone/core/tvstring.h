@@ -207,9 +207,14 @@ class TAVRONE_API tvstring {
   friend class Binary;
   friend TAVRONE_API tvstring addtvstrings(char const *a, size_t aLength, char const *b, size_t bLength);
 
+  // A view that moves on within one array, as over the fields of a message, touches no count.
   void becomeView(char const *text, size_t length, chararray *owner) noexcept {
     chararray *old = owner_;
-    assign0(text, length, owner, true);
+    data_ = text;
+    length_ = length;
+    if (old == owner) return;
+    if (owner != nullptr) owner->addRef();
+    owner_ = owner;
     clean(old);
   }
   void replaceArray(size_t n);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "tavrone/core/Exceptions.h"
+
+namespace tavrone {
+
+// What sets FIX apart from other formats of tag=value text: failures, the paths in their traces, and one text.
+struct FIXFormat {
+  using ParsingException = FIXParsingException;
+  using WriterException = FIXWriterException;
+
+  static constexpr char const *TOKENIZER_SOURCE = "cpp/fix/FIXTokenizer";
+  static constexpr char const *TYPE_SOURCE = "cpp/fix/FIXType";
+  static constexpr char const *HEADER_SOURCE = "cpp/fix/FIXHeader";
+  static constexpr char const *HEADER_PARSER_SOURCE = "cpp/fix/FIXHeaderParser";
+  static constexpr char const *INPUT_PARSER_SOURCE = "cpp/fix/FIXInputParser";
+  static constexpr char const *OUTPUT_WRITER_SOURCE = "cpp/fix/FIXOutputWriter";
+  static constexpr char const *LEFTOVER_TEXT = "Unexpected FIX data at the end.";
+};
+
+}  // namespace tavrone

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "tavrone/core/Exceptions.h"
+
+namespace tavrone {
+
+// What sets SIAC Canonical apart from other formats of tag=value text.
+struct SIACCanonicalFormat {
+  using ParsingException = SIACCanonicalParsingException;
+  using WriterException = SIACCanonicalWriterException;
+
+  static constexpr char const *TOKENIZER_SOURCE = "cpp/siaccanonical/SIACCanonicalTokenizer";
+  static constexpr char const *TYPE_SOURCE = "cpp/siaccanonical/SIACCanonicalType";
+  static constexpr char const *HEADER_SOURCE = "cpp/siaccanonical/SIACCanonicalHeader";
+  static constexpr char const *HEADER_PARSER_SOURCE = "cpp/siaccanonical/SIACCanonicalHeaderParser";
+  static constexpr char const *INPUT_PARSER_SOURCE = "cpp/siaccanonical/SIACCanonicalInputParser";
+  static constexpr char const *OUTPUT_WRITER_SOURCE = "cpp/siaccanonical/SIACCanonicalOutputWriter";
+  static constexpr char const *LEFTOVER_TEXT = "Unexpected SIACCanonical data at the end.";
+};
+
+}  // namespace tavrone
