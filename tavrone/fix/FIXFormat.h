@@ -5,7 +5,7 @@
 namespace tavrone {
 
 // What sets FIX apart from other formats of tag=value text: failures, the paths in their traces, and one text.
-struct FIXFormat {
+struct TAVRONE_API FIXFormat {
   using ParsingException = FIXParsingException;
   using WriterException = FIXWriterException;
 

@@ -101,8 +101,8 @@ inline bool TagValueTokenizer<Format>::next(TagValuePair &pair) {
   uint64_t const digits = load8(at) ^ ASCII_ZEROS;
   uint64_t const others = ((digits + TENS_UP) | digits) & HIGH;
   int const bits = std::countr_zero(others) & 0x78;
-  bool const isUsual = ends != 0 && static_cast<unsigned>(bits) - 8 < 56 &&
-                       (digits >> bits & 0xFF) == static_cast<unsigned>('=' ^ '0');
+  bool const isUsual =
+      ends != 0 && static_cast<unsigned>(bits) - 8 < 56 && (digits >> bits & 0xFF) == static_cast<unsigned>('=' ^ '0');
   if (!isUsual) return nextOfAnyForm(pair);
   int const end = std::countr_zero(ends);
   int const valueStart = bits / 8 + 1;

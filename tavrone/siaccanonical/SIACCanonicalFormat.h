@@ -5,7 +5,7 @@
 namespace tavrone {
 
 // What sets SIAC Canonical apart from other formats of tag=value text.
-struct SIACCanonicalFormat {
+struct TAVRONE_API SIACCanonicalFormat {
   using ParsingException = SIACCanonicalParsingException;
   using WriterException = SIACCanonicalWriterException;
 
