@@ -114,3 +114,4 @@
 #include "tavrone/siaccanonical/SIACCanonicalInputParser.h"
 #include "tavrone/siaccanonical/SIACCanonicalTokenizer.h"
 #include "tavrone/siaccanonical/SIACCanonicalType.h"
+#include "tavrone/universal/UniversalRecord.h"
