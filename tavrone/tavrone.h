@@ -115,3 +115,7 @@
 #include "tavrone/siaccanonical/SIACCanonicalTokenizer.h"
 #include "tavrone/siaccanonical/SIACCanonicalType.h"
 #include "tavrone/universal/UniversalRecord.h"
+#include "tavrone/fix/FIXOutputWriter.h"
+#include "tavrone/fix/TagValueWriter.h"
+#include "tavrone/siaccanonical/SIACCanonicalOutputFormats.h"
+#include "tavrone/siaccanonical/SIACCanonicalOutputWriter.h"

@@ -39,6 +39,13 @@ class TAVRONE_API tvstringbuffer : public tvstring {
     length_ += n;
     return *this;
   }
+  // Makes the text n bytes longer and returns where they begin, for the caller to write them before anything else.
+  char *extend(size_t n) {
+    ensureFree(n);
+    char *const at = getMutableBuffer() + length_;
+    length_ += n;
+    return at;
+  }
   tvstringbuffer &append(char const *text) { return append(text, std::strlen(text)); }
   tvstringbuffer &append(tvstring const &text) { return append(text.data(), text.length()); }
   tvstringbuffer &operator+=(tvstring const &text) { return append(text); }

@@ -1,0 +1,14 @@
+#include "tavrone/siaccanonical/SIACCanonicalOutputWriter.h"
+
+namespace tavrone {
+
+template class TagValueWriter<SIACCanonicalWriterNames>;
+
+SIACCanonicalOutputWriter::~SIACCanonicalOutputWriter() noexcept(false) = default;
+
+tvstring SIACCanonicalOutputWriter::endMessage() {
+  writeCheckSumIndicator();
+  return TagValueWriter::endMessage();
+}
+
+}  // namespace tavrone

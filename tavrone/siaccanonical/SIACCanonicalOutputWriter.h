@@ -1,0 +1,36 @@
+#pragma once
+
+#include "tavrone/core/Exceptions.h"
+#include "tavrone/fix/TagValueWriter.h"
+
+namespace tavrone {
+
+struct SIACCanonicalWriterNames {
+  using Failure = SIACCanonicalWriterException;
+  static constexpr char const *SOURCE = "cpp/siaccanonical/SIACCanonicalOutputWriter";
+  static constexpr char const *BODY_LENGTH_TAG = "10002";
+};
+
+extern template class TAVRONE_API TagValueWriter<SIACCanonicalWriterNames>;
+
+// The base of generated SIAC Canonical writers. Repeating groups are bracketed: appendBeginGroup, then for each
+// instance its fields and appendEndGroupInstance, then appendEndGroup.
+class TAVRONE_API SIACCanonicalOutputWriter : public TagValueWriter<SIACCanonicalWriterNames> {
+ public:
+  ~SIACCanonicalOutputWriter() noexcept(false) override;
+
+  // Adds the indicator, BodyLength, which counts the indicator, and CheckSum.
+  tvstring endMessage() override;
+
+ protected:
+  void appendBeginGroup(char const *tag) { appendField(tag, '{'); }
+  void appendEndGroup() { appendField("26000", '}'); }
+  void appendEndGroupInstance() { appendField("26999", ' '); }
+
+  // Behind the first field, in either case: 25001=32 for a message with CheckSum, 25001=33 for one without.
+  void writeCheckSumIndicator() {
+    insertBehindFirstField("25001", hasCheckSum() ? tvstringliteral("32") : tvstringliteral("33"));
+  }
+};
+
+}  // namespace tavrone

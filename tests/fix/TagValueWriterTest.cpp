@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "examples/messages/Order.h"
+#include "tavrone/fix/FIXOutputWriter.h"
+#include "tavrone/siaccanonical/SIACCanonicalOutputWriter.h"
+#include "tests/Failure.h"
+
+namespace tavrone {
+namespace {
+
+// What generated code does, with everything in reach.
+template <class Base>
+struct Writer : Base {
+  using Base::appendField;
+  using Base::requiredFieldMissing;
+  void writeHeader(DataObject *, TransformContext &) override {}
+  void writeData(DataObject *, TransformContext &) override {}
+  void writeTrailer(DataObject *, TransformContext &) override {}
+  // The finished message, delimiters as '|'.
+  std::string end() {
+    tvstring const text = this->endMessage();
+    std::string shown(text.data(), text.length());
+    for (char &c : shown)
+      if (c == '\x01') c = '|';
+    return shown;
+  }
+};
+
+struct FIXWriter : Writer<FIXOutputWriter> {};
+struct SIACWriter : Writer<SIACCanonicalOutputWriter> {
+  using SIACCanonicalOutputWriter::appendBeginGroup;
+  using SIACCanonicalOutputWriter::appendEndGroup;
+  using SIACCanonicalOutputWriter::appendEndGroupInstance;
+};
+
+TEST(FIXOutputWriter, WritesEachKindOfValueAndLeavesEmptyTextsOut) {
+  FIXWriter writer;
+  writer.setChecksum(false);
+  writer.appendField("8", "FIX.4.2");
+  writer.appendField("58", "");
+  writer.appendField("58", static_cast<char const *>(nullptr));
+  writer.appendField("58", tvstring());
+  writer.appendField("34", 0);
+  writer.appendField("38", -9000000000LL);
+  writer.appendField("44", 1.5f);
+  writer.appendField("31", 100.25);
+  writer.appendField("43", true);
+  writer.appendField("54", '1');
+  writer.appendField("1", tvstring("a\x01z"));
+  EXPECT_EQ(writer.end(), "8=FIX.4.2|9=56|34=0|38=-9000000000|44=1.5|31=100.25|43=true|54=1|1=a|z|");
+}
+
+TEST(FIXOutputWriter, PutsLengthAndSumWhereTheStandardWantsThem) {
+  FIXWriter writer;
+  EXPECT_EQ(writer.end(), "9=0|10=167|");
+  writer.initMessage();
+  // A well-known logon: BodyLength 65, CheckSum 062.
+  writer.appendField("8", "FIX.4.2");
+  writer.appendField("35", 'A');
+  writer.appendField("49", "SERVER");
+  writer.appendField("56", "CLIENT");
+  writer.appendField("34", 177);
+  writer.appendField("52", "20090107-18:15:16");
+  writer.appendField("98", 0);
+  writer.appendField("108", 30);
+  tvstring const text = writer.endMessage();
+  EXPECT_NE(text.find(tvstring("8=FIX.4.2\x01"
+                               "9=65\x01"
+                               "35=A\x01")),
+            tvstring::npos);
+  EXPECT_EQ(text.substr(text.length() - 7), "10=062\x01");
+  writer.initMessage();
+  EXPECT_EQ(text.substr(0, 9), "8=FIX.4.2") << "a text that was handed out stays";
+}
+
+TEST(FIXOutputWriter, SumsBytesOfAnyLengthAsTheirPlainSum) {
+  std::string bytes;
+  unsigned int sum = 0;
+  for (unsigned int n = 0; n < 300; ++n) {
+    ASSERT_EQ(FIXOutputWriter::generateCheckSum(bytes.data(), n), static_cast<int>(sum & 255)) << n;
+    bytes += static_cast<char>(n * 151 + 128);
+    sum += static_cast<unsigned char>(bytes.back());
+  }
+}
+
+TEST(FIXOutputWriter, CopiesGoOnApart) {
+  FIXWriter writer;
+  writer.setChecksum(false);
+  writer.appendField("8", "FIX");
+  FIXWriter copy(writer), assigned;
+  assigned = writer;
+  writer.appendField("1", 'x');
+  EXPECT_EQ(copy.end(), "8=FIX|9=0|");
+  EXPECT_EQ(assigned.end(), "8=FIX|9=0|");
+  EXPECT_EQ(writer.end(), "8=FIX|9=4|1=x|");
+}
+
+TEST(TagValueWriter, NamesTheMandatoryFieldThatIsMissing) {
+  examples::Order order;
+  auto const fix = failureOf<FIXWriterException>([&] { FIXWriter().requiredFieldMissing(&order, 0, 11); });
+  std::string const name = str(order.getFieldName(0));
+  EXPECT_EQ(fix.text, name + " is a mandatory field. Tag '11[" + name + "]' cannot be null.");
+  EXPECT_EQ(fix.source, "cpp/fix/FIXOutputWriter");
+  auto const siac = failureOf<SIACCanonicalWriterException>([&] { SIACWriter().requiredFieldMissing(&order, 0, 11); });
+  EXPECT_EQ(siac.text, fix.text);
+  EXPECT_EQ(siac.source, "cpp/siaccanonical/SIACCanonicalOutputWriter");
+}
+
+TEST(SIACCanonicalOutputWriter, CountsItsIndicatorAndBracketsGroups) {
+  SIACWriter writer;
+  writer.setChecksum(false);
+  writer.appendField("10001", "Canonical1.0");
+  writer.appendBeginGroup("26100");
+  writer.appendField("55", "IBM");
+  writer.appendEndGroupInstance();
+  writer.appendEndGroup();
+  EXPECT_EQ(writer.end(), "10001=Canonical1.0|10002=40|25001=33|26100={|55=IBM|26999= |26000=}|");
+  writer.initMessage();
+  writer.setChecksum(true);
+  writer.appendField("10001", "C");
+  EXPECT_EQ(writer.end(), "10001=C|10002=9|25001=32|10=120|");
+}
+
+}  // namespace
+}  // namespace tavrone
