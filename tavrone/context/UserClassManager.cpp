@@ -23,10 +23,6 @@ Object *UserClassManager::createInstance(tvstring const &name) {
   raise<TransformException>("Class not found " + name, "cpp/UserClassManager", 28);
 }
 
-bool UserClassManager::isRegistered(tvstring const &name) {
-  return find(name) != nullptr;
-}
-
 // Made on first use: libraries register while they load, in an order that nobody promises.
 ObjectPtrMap<ObjectFactory> &UserClassManager::getClassMap() {
   static ObjectPtrMap<ObjectFactory> classes;

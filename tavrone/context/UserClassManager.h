@@ -23,8 +23,6 @@ class TAVRONE_API UserClassManager {
   static void registerClass(tvstring const &name, ObjectFactory *factory);
   // A new object, the caller's. Raises TransformException "Class not found <name>".
   static Object *createInstance(tvstring const &name);
-  // Whether createInstance would find a factory.
-  static bool isRegistered(tvstring const &name);
 
  private:
   static ObjectPtrMap<ObjectFactory> &getClassMap();

@@ -12,7 +12,7 @@ namespace tavrone {
 
 namespace {
 
-// Asked in this order. A wire format makes its identifier known when its code is loaded.
+// Asked in this order.
 constexpr char const *DEFAULT_IDENTIFIERS[] = {"FIXMessageIdentifier", "SIACCanonicalMessageIdentifier"};
 
 MessageIdentificationService *defaultService = nullptr;
@@ -30,7 +30,7 @@ MessageIdentificationService *MessageIdentificationService::getDefault() {
   struct DefaultService : MessageIdentificationService {
     DefaultService() {
       for (tvstringliteral const className : DEFAULT_IDENTIFIERS)
-        if (UserClassManager::isRegistered(className)) registerMessageIdentifer(className);
+        registerMessageIdentifer(className);
       defaultService = this;
     }
   };
