@@ -15,6 +15,8 @@ struct TAVRONE_API FIXFormat {
   static constexpr char const *HEADER_PARSER_SOURCE = "cpp/fix/FIXHeaderParser";
   static constexpr char const *INPUT_PARSER_SOURCE = "cpp/fix/FIXInputParser";
   static constexpr char const *OUTPUT_WRITER_SOURCE = "cpp/fix/FIXOutputWriter";
+  static constexpr char const *PREFIX = "8=FIX";  // the first bytes of every message
+  static constexpr char const *BODY_LENGTH_TAG = "9";
   static constexpr char const *LEFTOVER_TEXT = "Unexpected FIX data at the end.";
 };
 

@@ -5,14 +5,8 @@
 
 namespace tavrone {
 
-struct FIXIdentifierNames {
-  using Header = FIXHeader;
-  static constexpr std::string_view PREFIX = "8=FIX";
-  static constexpr char const *MESSAGE_FORMAT = FIXHeaderLayout::MESSAGE_FORMAT;
-};
-
 // Knows FIX messages. Known by its class name as soon as the library is loaded.
-class TAVRONE_API FIXMessageIdentifier : public TagValueIdentifier<FIXIdentifierNames> {};
+class TAVRONE_API FIXMessageIdentifier : public TagValueIdentifier<FIXHeader, FIXHeaderLayout> {};
 
 // Makes the class known by its name; done at load.
 TAVRONE_API void registerClassFIXMessageIdentifier();

@@ -2,7 +2,7 @@
 
 namespace tavrone {
 
-template class TagValueWriter<FIXWriterNames>;
+template class TagValueWriter<FIXFormat>;
 
 FIXOutputWriter::~FIXOutputWriter() noexcept(false) = default;
 

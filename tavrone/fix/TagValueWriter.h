@@ -14,13 +14,12 @@ namespace tavrone {
 // The sum of the bytes modulo 256: the CheckSum of FIX 4.x. A byte counts the same with and without a sign.
 TAVRONE_API int sumOfBytes(char const *data, unsigned int length);
 
-// The writer of tag=value messages. `Names` tells the formats apart: SOURCE, the path that failures carry;
-// BODY_LENGTH_TAG; Failure, the class of failures.
+// The writer of tag=value messages.
 //
 // Fields are appended as they come; only at the end is BodyLength put behind the first field and CheckSum behind the
 // last. One message at a time.
-template <class Names>
-class TagValueWriter : public AbstractSimpleOutputWriter {
+template <class Format>
+class TAVRONE_API TagValueWriter : public AbstractSimpleOutputWriter {
  public:
   TagValueWriter() = default;
   // The copy goes on with a text of its own.
@@ -68,7 +67,7 @@ class TagValueWriter : public AbstractSimpleOutputWriter {
   void appendField(char const *tag, bool value) { appendField0(tag, boolToString(value)); }
   void appendField(char const *tag, char value) { appendField0(tag, &value, 1); }
 
-  // Raises Names::Failure "<name> is a mandatory field. Tag '<tag>[<name>]' cannot be null."
+  // Raises the Format's WriterException "<name> is a mandatory field. Tag '<tag>[<name>]' cannot be null."
   [[noreturn]] void requiredFieldMissing(AbstractDataObject *object, int index, int tag);
 
   // Puts "<tag>=<value><delimiter>" behind the first field; at the very start where no delimiter stands.
@@ -105,25 +104,26 @@ class TagValueWriter : public AbstractSimpleOutputWriter {
   tvstring scratch_;  // the text of a number
 };
 
-template <class Names>
-TagValueWriter<Names>::~TagValueWriter() noexcept(false) = default;
+template <class Format>
+TagValueWriter<Format>::~TagValueWriter() noexcept(false) = default;
 
-template <class Names>
-tvstring TagValueWriter<Names>::endMessage() {
+template <class Format>
+tvstring TagValueWriter<Format>::endMessage() {
   writeBodyLength();
   writeCheckSum();
   return tvstring(message_.data(), message_.length());
 }
 
-template <class Names>
-void TagValueWriter<Names>::requiredFieldMissing(AbstractDataObject *object, int index, int tag) {
+template <class Format>
+void TagValueWriter<Format>::requiredFieldMissing(AbstractDataObject *object, int index, int tag) {
   tvstring const name = object->getFieldName(index);
-  raise<typename Names::Failure>(
-      name + " is a mandatory field. Tag '" + intToString(tag) + "[" + name + "]' cannot be null.", Names::SOURCE);
+  raise<typename Format::WriterException>(
+      name + " is a mandatory field. Tag '" + intToString(tag) + "[" + name + "]' cannot be null.",
+      Format::OUTPUT_WRITER_SOURCE);
 }
 
-template <class Names>
-void TagValueWriter<Names>::insertBehindFirstField(char const *tag, tvstring const &value) {
+template <class Format>
+void TagValueWriter<Format>::insertBehindFirstField(char const *tag, tvstring const &value) {
   size_t const at = behindFirstField();
   size_t const end = message_.length();
   appendField0(tag, value);
@@ -131,14 +131,14 @@ void TagValueWriter<Names>::insertBehindFirstField(char const *tag, tvstring con
   std::rotate(text + at, text + end, text + message_.length());
 }
 
-template <class Names>
-void TagValueWriter<Names>::writeBodyLength() {
-  insertBehindFirstField(Names::BODY_LENGTH_TAG,
+template <class Format>
+void TagValueWriter<Format>::writeBodyLength() {
+  insertBehindFirstField(Format::BODY_LENGTH_TAG,
                          dlongToString(static_cast<long long>(message_.length() - behindFirstField()), scratch_));
 }
 
-template <class Names>
-void TagValueWriter<Names>::writeCheckSum() {
+template <class Format>
+void TagValueWriter<Format>::writeCheckSum() {
   if (!checksum_) return;
   int const sum = generateCheckSum(message_.data(), static_cast<unsigned int>(message_.length()));
   char const digits[] = {static_cast<char>('0' + sum / 100), static_cast<char>('0' + sum / 10 % 10),

@@ -15,6 +15,8 @@ struct TAVRONE_API SIACCanonicalFormat {
   static constexpr char const *HEADER_PARSER_SOURCE = "cpp/siaccanonical/SIACCanonicalHeaderParser";
   static constexpr char const *INPUT_PARSER_SOURCE = "cpp/siaccanonical/SIACCanonicalInputParser";
   static constexpr char const *OUTPUT_WRITER_SOURCE = "cpp/siaccanonical/SIACCanonicalOutputWriter";
+  static constexpr char const *PREFIX = "10001=Canonical";  // the first bytes of every message
+  static constexpr char const *BODY_LENGTH_TAG = "10002";
   static constexpr char const *LEFTOVER_TEXT = "Unexpected SIACCanonical data at the end.";
 };
 

@@ -2,7 +2,7 @@
 
 namespace tavrone {
 
-template class TagValueWriter<SIACCanonicalWriterNames>;
+template class TagValueWriter<SIACCanonicalFormat>;
 
 SIACCanonicalOutputWriter::~SIACCanonicalOutputWriter() noexcept(false) = default;
 

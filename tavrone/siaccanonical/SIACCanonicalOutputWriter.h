@@ -1,21 +1,15 @@
 #pragma once
 
-#include "tavrone/core/Exceptions.h"
 #include "tavrone/fix/TagValueWriter.h"
+#include "tavrone/siaccanonical/SIACCanonicalFormat.h"
 
 namespace tavrone {
 
-struct SIACCanonicalWriterNames {
-  using Failure = SIACCanonicalWriterException;
-  static constexpr char const *SOURCE = "cpp/siaccanonical/SIACCanonicalOutputWriter";
-  static constexpr char const *BODY_LENGTH_TAG = "10002";
-};
-
-extern template class TAVRONE_API TagValueWriter<SIACCanonicalWriterNames>;
+extern template class TagValueWriter<SIACCanonicalFormat>;
 
 // The base of generated SIAC Canonical writers. Repeating groups are bracketed: appendBeginGroup, then for each
 // instance its fields and appendEndGroupInstance, then appendEndGroup.
-class TAVRONE_API SIACCanonicalOutputWriter : public TagValueWriter<SIACCanonicalWriterNames> {
+class TAVRONE_API SIACCanonicalOutputWriter : public TagValueWriter<SIACCanonicalFormat> {
  public:
   ~SIACCanonicalOutputWriter() noexcept(false) override;
 
