@@ -100,6 +100,14 @@ SmartPtr<IOutputContext> TransformContext::getOutputContext() {
   return outputContext_;
 }
 
+IOutputContext *TransformContext::findOutputContext() const {
+  return outputContext_.get();
+}
+
+SmartPtr<IOutputContext> TransformContext::exchangeOutputContext(SmartPtr<IOutputContext> output) {
+  return std::exchange(outputContext_, std::move(output));
+}
+
 void TransformContext::copyTo(TransformContext &target) {
   target.TransformContext::operator=(*this);
 }
@@ -150,6 +158,12 @@ SmartPtr<IOutputContext> TransformContextWrapper::getOutputContext() {
 }
 void TransformContextWrapper::clear() {
   context_->clear();
+}
+IOutputContext *TransformContextWrapper::findOutputContext() const {
+  return context_->findOutputContext();
+}
+SmartPtr<IOutputContext> TransformContextWrapper::exchangeOutputContext(SmartPtr<IOutputContext> output) {
+  return context_->exchangeOutputContext(std::move(output));
 }
 
 }  // namespace tavrone

@@ -2,6 +2,7 @@
 
 #include "tavrone/core/Properties.h"
 #include "tavrone/pipeline/IMessage.h"
+#include "tavrone/routing/TriggerContext.h"
 
 namespace tavrone {
 
@@ -19,6 +20,13 @@ class TAVRONE_API Triggers {
 
   void onNewMessage(DataObject *object, TransformContext &context) { handleNewMessage(object, context); }
   SmartPtr<IInternalMessage> getBusinessTransaction() const { return businessTransaction_; }
+
+  // A new trigger, the caller's, by its class name. Raises TransformException, catalogue key SRT100, for a class that
+  // is no trigger, and frees what was made.
+  ITrigger *createTriggerInstance(tvstring const &className);
+  // The trigger that the context keeps, borrowed: made, and told its context, at the first call. A trigger that fails
+  // at its context is released and not kept.
+  ITrigger *getTriggerObject(AbstractTriggerContext &context);
 
   virtual void handleNewMessage(DataObject *object, TransformContext &context) = 0;
   // For generated code; nothing in the library calls them.

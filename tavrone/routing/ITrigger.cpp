@@ -1,0 +1,7 @@
+#include "tavrone/routing/ITrigger.h"
+
+namespace tavrone {
+
+ITrigger::~ITrigger() noexcept(false) = default;
+
+}  // namespace tavrone
