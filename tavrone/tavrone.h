@@ -127,4 +127,7 @@
 #include "tavrone/siaccanonical/SIACCanonicalOutputWriter.h"
 #include "tavrone/siaccanonical/SIACCanonicalTokenizer.h"
 #include "tavrone/siaccanonical/SIACCanonicalType.h"
+#include "tavrone/universal/UniversalFieldParser.h"
+#include "tavrone/universal/UniversalInputParser.h"
+#include "tavrone/universal/UniversalInputRecord.h"
 #include "tavrone/universal/UniversalRecord.h"

@@ -70,6 +70,10 @@ class TAVRONE_API Binary {
   tvstring toString() const { return toASCIIString(); }
   // A copy of the bytes as text.
   tvstring toASCIIString() const { return tvstring(data(), length()); }
+  // The same bytes as text: shares the array.
+  tvstring asText() const { return bytes_; }
+  // This value, or a copy where copies would not keep the bytes alive.
+  Binary counted() const { return isCounted() ? *this : Binary(data(), length()); }
 
   // Two characters a byte, high nibble first, "0123456789ABCDEF".
   tvstring toHexString() const;

@@ -20,11 +20,6 @@ int asLength(size_t size) {
   return static_cast<int>(size);
 }
 
-// A value that outlives the source.
-Binary shared(Binary const &bytes) {
-  return bytes.isCounted() ? bytes : Binary(bytes.data(), bytes.length());
-}
-
 struct CloseFile {
   void operator()(FILE *file) const { std::fclose(file); }
 };
@@ -59,7 +54,7 @@ char const *ByteArrayInputSource::getAsBytes(int &length) {
 }
 
 Binary ByteArrayInputSource::getAsBinary() {
-  return shared(bytes_);
+  return bytes_.counted();
 }
 
 StringInputSource::StringInputSource(tvstring const &text) : text_(text) {}
@@ -73,7 +68,7 @@ char const *StringInputSource::getAsBytes(int &length) {
 }
 
 Binary StringInputSource::getAsBinary() {
-  return shared(text_);
+  return Binary(text_).counted();
 }
 
 FileInputSource::FileInputSource(tvstring const &path) {

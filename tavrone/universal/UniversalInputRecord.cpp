@@ -1,0 +1,394 @@
+#include "tavrone/universal/UniversalInputRecord.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+#include <limits>
+#include <string_view>
+
+#include "tavrone/core/Conversion.h"
+#include "tavrone/core/DigitText.h"
+#include "tavrone/core/Raise.h"
+
+namespace tavrone {
+namespace {
+
+constexpr char const *SOURCE = "cpp/universal/UniversalInputRecord";
+
+// The number that up to 16 nibbles spell, the first in the highest place: neighbours are joined, in pairs, in fours and
+// so on. A nibble counts with its value, up to 15; no lane runs over.
+constexpr uint64_t valueOfNibbles(uint64_t word) {
+  word -= (word >> 4 & 0x0F0F0F0F0F0F0F0F) * (0x10 - 10);
+  word -= (word >> 8 & 0x00FF00FF00FF00FF) * (0x100 - 100);
+  word -= (word >> 16 & 0x0000FFFF0000FFFF) * (0x10000 - 10000);
+  return word - (word >> 32) * (0x100000000 - 100000000);
+}
+static_assert(valueOfNibbles(0x9876543210123456) == 9876543210123456 && valueOfNibbles(0xFF) == 165);
+
+constexpr uint64_t lowNibbles(uint64_t word, int n) {
+  return n < 16 ? word & ((uint64_t{1} << 4 * n) - 1) : word;
+}
+
+uint64_t bigEndianWord(char const *from, int n) {
+  uint64_t word = 0;
+  for (int i = 0; i < n; ++i) word = word << 8 | static_cast<unsigned char>(from[i]);
+  return word;
+}
+
+template <class Unsigned>
+Unsigned swapBytes(Unsigned value) {
+  if constexpr (sizeof value == 2) return __builtin_bswap16(value);
+  if constexpr (sizeof value == 4) return __builtin_bswap32(value);
+  if constexpr (sizeof value == 8) return __builtin_bswap64(value);
+}
+
+bool beginsWith(tvstring const &value, tvstring const &text) {
+  return value.length() >= text.length() && tvstring::equals(value.data(), text.data(), text.length());
+}
+
+std::string_view viewOf(tvstring const &text) {
+  return {text.data(), text.length()};
+}
+
+[[noreturn]] TAVRONE_COLD void raisePackedOverflow(int line = __builtin_LINE()) {
+  raise<TransformException>("Packed decimal overflow", SOURCE, line);
+}
+
+}  // namespace
+
+// The copy is a record of its own, which nobody holds yet.
+UniversalInputRecord::UniversalInputRecord(UniversalInputRecord const &other)
+    : Object(other),
+      UniversalRecord(other),
+      startPosition_(other.startPosition_),
+      endPosition_(other.endPosition_),
+      binary_(other.binary_),
+      message_(other.message_),
+      rawBytes_(other.rawBytes_),
+      currentPosition_(other.currentPosition_),
+      previousPosition_(other.previousPosition_),
+      enclosingRecord_(other.enclosingRecord_),
+      lineScan_(other.lineScan_) {}
+
+UniversalInputRecord::~UniversalInputRecord() noexcept(false) = default;
+
+void UniversalInputRecord::init(Binary const &binary) {
+  if (binary.size() > INT_MAX) throwASCIITokenizeException("Out of bounds");
+  Binary const bytes = binary.counted();
+  UniversalRecord::init(EMPTY_STRING, false, true);
+  init(bytes.asText(), bytes, 0, static_cast<int>(bytes.size()), nullptr);
+  lineScan_ = LineScan();
+}
+
+void UniversalInputRecord::init(tvstring const &message, Binary const &binary, int start, int length,
+                                UniversalInputRecord *enclosing) {
+  int const end = assertRange(message, binary, start, length);
+  if (!binary_.isCounted() || binary.data() != rawBytes_) lineScan_ = LineScan();
+  binary_ = binary;
+  message_ = message;
+  rawBytes_ = binary_.data();
+  startPosition_ = currentPosition_ = previousPosition_ = start;
+  endPosition_ = end;
+  enclosingRecord_ = enclosing;
+}
+
+void UniversalInputRecord::init(tvstring const &message, Binary const &binary, int start, int length,
+                                tvstring const &delimiter, bool recordFlag, bool dropLastDelimiter,
+                                UniversalInputRecord *enclosing) {
+  assertRange(message, binary, start, length);
+  UniversalRecord::init(delimiter, recordFlag, dropLastDelimiter);
+  init(message, binary, start, length, enclosing);
+}
+
+// Both views of the message must reach so far; returns the end.
+int UniversalInputRecord::assertRange(tvstring const &message, Binary const &binary, int start, int length) {
+  size_t const size = std::min({message.length(), binary.size(), static_cast<size_t>(INT_MAX)});
+  int const available = start < 0 ? -1 : static_cast<int>(size) - start;
+  if (length < 0 || length > available)
+    throwASCIITokenizeException("Not enough characters. Required " + intToString(length) + " , available " +
+                                intToString(std::max(available, 0)));
+  return start + length;
+}
+
+void UniversalInputRecord::reset() {
+  UniversalRecord::reset();
+  enclosingRecord_ = nullptr;
+}
+
+UniversalInputRecord *UniversalInputRecord::getDelimitedRecord(UniversalInputRecord *child, tvstring const &delimiter,
+                                                               bool recordFlag, bool dropLastDelimiter) {
+  onField();
+  int const begin = currentPosition_;
+  int const found = findDelimiter(delimiter, NO_QUOTE, begin, endPosition_);
+  int const end = found < 0 ? endPosition_ : found;
+  take((found < 0 ? end : end + static_cast<int>(delimiter.length())) - begin);
+  child->init(message_, binary_, begin, end - begin, delimiter, recordFlag, dropLastDelimiter, this);
+  return child;
+}
+
+tvstring UniversalInputRecord::getStringAtEnd(int n) {
+  if (isTrailingField() && isEmpty()) return EMPTY_STRING;
+  assertRemaining(n);
+  int const begin = take(n);
+  return textOf(begin, currentPosition_);
+}
+
+tvstring UniversalInputRecord::peekString(int offset, int length) const {
+  long long const from = static_cast<long long>(currentPosition_) + offset;
+  if (from >= endPosition_) return EMPTY_STRING;
+  if (from < 0) raiseNotEnough(offset);
+  if (length < 0) raiseNotEnough(length);
+  return message_.substr(static_cast<size_t>(from), static_cast<size_t>(length));
+}
+
+tvstring UniversalInputRecord::peekRest() const {
+  return textOf(currentPosition_, endPosition_);
+}
+
+bool UniversalInputRecord::isNext(char const *text) const {
+  return isNext(Binary(text, std::strlen(text), false).asText());
+}
+
+bool UniversalInputRecord::isNext(tvstring const &text) const {
+  size_t const position = static_cast<size_t>(currentPosition_);
+  return text.length() < message_.length() - position &&
+         tvstring::equals(message_.data() + position, text.data(), text.length());
+}
+
+tvstring UniversalInputRecord::getAnyDelimitedString(tvstring const &delimiter, char quote) {
+  int const begin = currentPosition_;
+  int const found = findDelimiter(delimiter, quote, begin, endPosition_);
+  int const end = found < 0 ? endPosition_ : found;
+  take((found < 0 ? end : end + static_cast<int>(delimiter.length())) - begin);
+  tvstring const field = textOf(begin, end);
+  return hasQuote(field, quote) ? removeQuote(field, quote) : field;
+}
+
+int UniversalInputRecord::findDelimiter(tvstring const &delimiter, char quote, int from, int to) const {
+  from = std::max(from, 0);
+  to = static_cast<int>(std::min(static_cast<long long>(message_.length()), static_cast<long long>(to)));
+  if (from >= to || delimiter.empty()) return -1;
+  std::string_view const range(message_.data(), static_cast<size_t>(to));
+  size_t begin = static_cast<size_t>(from);
+  if (quote != NO_QUOTE && range[begin] == quote) begin = range.find(quote, begin + 1);
+  size_t const found = begin < range.size() ? range.find(viewOf(delimiter), begin) : range.npos;
+  return found == range.npos ? -1 : static_cast<int>(found);
+}
+
+int UniversalInputRecord::findByteFurther(char c, int from, int to) const {
+  void const *const found = std::memchr(rawBytes_ + from, c, static_cast<size_t>(to - from));
+  return found == nullptr ? to : static_cast<int>(static_cast<char const *>(found) - rawBytes_);
+}
+
+tvstring UniversalInputRecord::removeQuote(tvstring const &value, char quote) {
+  if (!hasQuote(value, quote)) return value;
+  std::string_view const text = viewOf(value);
+  size_t const next = text.find(quote, 1);
+  if (next == text.npos || next == text.size() - 1) return value.substr(1, next - 1);
+  tvstring unquoted;
+  char *const begin = unquoted.getBuffer(static_cast<int>(text.size()));
+  char *end = begin;
+  bool afterDropped = false;
+  for (char const c : text.substr(1)) {
+    afterDropped = c == quote && !afterDropped;
+    if (!afterDropped) *end++ = c;
+  }
+  unquoted.setBufferLength(static_cast<int>(end - begin));
+  return unquoted;
+}
+
+template <class Unsigned>
+Unsigned UniversalInputRecord::takeInteger(bool bigEndian) {
+  Unsigned value;
+  std::memcpy(&value, takeField(sizeof value), sizeof value);
+  return bigEndian ? swapBytes(value) : value;
+}
+
+int UniversalInputRecord::getBinaryInt2(bool bigEndian, bool isSigned) {
+  uint16_t const value = takeInteger<uint16_t>(bigEndian);
+  return isSigned ? static_cast<int16_t>(value) : value;
+}
+int UniversalInputRecord::getBinaryInt4(bool bigEndian) {
+  return static_cast<int>(takeInteger<uint32_t>(bigEndian));
+}
+long long UniversalInputRecord::getBinaryInt4Unsigned(bool bigEndian) {
+  return takeInteger<uint32_t>(bigEndian);
+}
+long long UniversalInputRecord::getBinaryInt8(bool bigEndian) {
+  return static_cast<long long>(takeInteger<uint64_t>(bigEndian));
+}
+
+Binary UniversalInputRecord::getBinaryBinary(int n) {
+  return Binary(takeField(n), static_cast<size_t>(n));
+}
+
+long long UniversalInputRecord::getBinaryLong(int length, bool isSigned, bool bigEndian) {
+  switch (length) {
+    case 1:
+      return getBinaryInt1(bigEndian, isSigned);
+    case 2:
+      return getBinaryInt2(bigEndian, isSigned);
+    case 4:
+      return isSigned ? getBinaryInt4(bigEndian) : getBinaryInt4Unsigned(bigEndian);
+    case 8:
+      return getBinaryInt8(bigEndian);
+    default:
+      break;
+  }
+  // The length cuts the text's beginning off instead of standing at its end.
+  constexpr std::string_view TEXT = "Illegal integral length - ";
+  bool const cuts = length >= 0 && length < static_cast<int>(TEXT.size());
+  throwASCIITokenizeException(cuts ? TEXT.data() + length : "");
+}
+
+std::pair<uint64_t, int> UniversalInputRecord::packedParts(int digits) const {
+  constexpr int WORD_DIGITS = 15;  // and the sign, in the last eight bytes
+  constexpr int WORD = sizeof(uint64_t);
+  char const *const end = rawBytes_ + currentPosition_;
+  int const length = currentPosition_ - previousPosition_;
+  // A short field is read together with what stands before it, where anything does.
+  uint64_t const last = currentPosition_ >= WORD ? swapBytes(load8(end - WORD)) : bigEndianWord(end - length, length);
+  uint64_t magnitude = valueOfNibbles(lowNibbles(last, digits + 1) >> 4);
+  if (digits > WORD_DIGITS) {
+    uint64_t const first = bigEndianWord(end - length, length - WORD);
+    magnitude += valueOfNibbles(lowNibbles(first, digits - WORD_DIGITS)) * LONG_POWERS_OF_10[WORD_DIGITS];
+  }
+  return {magnitude, static_cast<int>(last & 0xF)};
+}
+
+template <class Integer>
+Integer UniversalInputRecord::getPacked(int digits) {
+  constexpr int MAX_DIGITS = std::numeric_limits<Integer>::digits10 + 1;
+  constexpr uint64_t MAX = std::numeric_limits<Integer>::max();
+  onField();
+  if (digits < 0 || digits > MAX_DIGITS) raisePackedOverflow();
+  int const length = (digits + 2) / 2;
+  assertRemaining(length);
+  take(length);
+  auto const [magnitude, sign] = packedParts(digits);
+  bool const negative = parseSign(sign);
+  if (magnitude > MAX + negative) raisePackedOverflow();
+  return static_cast<Integer>(negative ? -magnitude : magnitude);
+}
+
+int UniversalInputRecord::getPackedDecimalInt(int digits) {
+  return getPacked<int>(digits);
+}
+long long UniversalInputRecord::getPackedDecimalLong(int digits) {
+  return getPacked<long long>(digits);
+}
+
+template <class Real>
+Real UniversalInputRecord::getPackedFraction(int integerDigits, int fractionDigits) {
+  constexpr int MAX_INT_DIGITS = 8;
+  long long const digits = static_cast<long long>(integerDigits) + fractionDigits;
+  if (integerDigits < 0 || fractionDigits < 0 || digits > static_cast<int>(LONG_POWERS_OF_10.size()) ||
+      fractionDigits >= static_cast<int>(LONG_POWERS_OF_10.size())) {
+    onField();
+    raisePackedOverflow();
+  }
+  int const count = static_cast<int>(digits);
+  Real const value =
+      static_cast<Real>(count > MAX_INT_DIGITS ? getPackedDecimalLong(count) : getPackedDecimalInt(count));
+  return value / static_cast<Real>(LONG_POWERS_OF_10[static_cast<size_t>(fractionDigits)]);
+}
+
+double UniversalInputRecord::getPackedDecimalDouble(int integerDigits, int fractionDigits) {
+  return getPackedFraction<double>(integerDigits, fractionDigits);
+}
+float UniversalInputRecord::getPackedDecimalFloat(int integerDigits, int fractionDigits) {
+  return getPackedFraction<float>(integerDigits, fractionDigits);
+}
+
+bool UniversalInputRecord::parseSign(int nibble) {
+  if (nibble == 0xD) return true;
+  if (nibble != 0xC && nibble != 0xF)
+    throwASCIITokenizeException("The sign byte in a packed decimal should be one of 'D', 'C' or 'F'. found " +
+                                intToString(nibble));
+  return false;
+}
+
+void UniversalInputRecord::skipTag(tvstring const &tag, char const *kind) {
+  tvstring const text = getTagString(static_cast<int>(tag.length()));
+  if (text != tag) throwASCIITokenizeException(kind + (" '" + tag) + "' expected. Found '" + text + "'");
+}
+
+void UniversalInputRecord::skipFieldTag(tvstring const &tag) {
+  skipTag(tag, "Field tag");
+}
+void UniversalInputRecord::skipFieldTag(tvstring const &tag, tvstring const &separator) {
+  skipTag(tag, "Field tag");
+  skipTag(separator, "Field tag separator");
+}
+void UniversalInputRecord::skipSectionTag(tvstring const &tag) {
+  skipTag(tag, "Section tag");
+}
+void UniversalInputRecord::skipSectionTag(tvstring const &tag, tvstring const &separator) {
+  skipTag(tag, "Section tag");
+  skipTag(separator, "Section tag separator");
+}
+
+tvstring UniversalInputRecord::splitTagValue(tvstring const &value, tvstring const &tag) {
+  if (!beginsWith(value, tag)) throwASCIITokenizeException("Tag " + tag + " expected in " + value);
+  return value.substr(tag.length());
+}
+
+tvstring UniversalInputRecord::splitTagValue(tvstring const &value, tvstring const &tag, tvstring const &separator) {
+  if (!beginsWith(value, tag)) throwASCIITokenizeException("Tag '" + tag + "' expected in " + value);
+  tvstring const rest = value.substr(tag.length());
+  if (!beginsWith(rest, separator))
+    throwASCIITokenizeException("Tag-value Separator '" + separator + "' expected in " + value);
+  return rest.substr(separator.length());
+}
+
+void UniversalInputRecord::assertMessageCompleted() const {
+  if (!isEmpty()) throwASCIITokenizeException("Unexpected characters at the end of message.");
+}
+void UniversalInputRecord::assertCompleted() const {
+  if (!isEmpty()) throwASCIITokenizeException("Unexpected characters at the end of sequence.");
+}
+void UniversalInputRecord::assertCompleted(tvstring const &sectionName) const {
+  if (!isEmpty()) throwASCIITokenizeException("Unexpected characters at the end of section '" + sectionName + "'.");
+}
+
+std::pair<int, int> UniversalInputRecord::getLineOffsetAt(int position) {
+  if (position < 1) return {0, position};
+  auto const isBreak = [this](int index) { return rawBytes_[index] == '\r' || rawBytes_[index] == '\n'; };
+  LineScan &scan = lineScan_;
+  if (position < scan.index) scan = LineScan();
+  // Whether a CR takes the next byte along depends on the position only for the last byte before it: what comes earlier
+  // is settled for later positions too.
+  int const size = static_cast<int>(std::min(binary_.size(), static_cast<size_t>(INT_MAX)));
+  int const last = position - 1;
+  for (int const end = std::min(last, size); scan.index < end; ++scan.index) {
+    if (!isBreak(scan.index)) continue;
+    ++scan.line;
+    scan.lastBreak = scan.index;
+    if (rawBytes_[scan.index] == '\r') ++scan.index;
+  }
+  if (scan.index == last && last < size && isBreak(last)) return {scan.line + 1, 1};
+  return {scan.line, position - scan.lastBreak};
+}
+
+tvstring UniversalInputRecord::terminateRight(tvstring const &value, char c) {
+  size_t const end = value.find(c);
+  return end == tvstring::npos ? value : value.substr(0, end);
+}
+
+tvstring UniversalInputRecord::trimSpaces(tvstring const &value, bool left, bool right) {
+  std::string_view const text = viewOf(value);
+  size_t const begin = left ? std::min(text.find_first_not_of(' '), text.size()) : 0;
+  size_t const end = right ? text.find_last_not_of(' ') + 1 : text.size();  // npos + 1 is 0
+  return value.substr(begin, end > begin ? end - begin : 0);
+}
+
+void UniversalInputRecord::throwASCIITokenizeException(tvstring const &message, int line) {
+  raise<TransformException>(message, SOURCE, line);
+}
+
+void UniversalInputRecord::raiseNotEnough(int n) const {
+  throwASCIITokenizeException("Not enough characters. Required " + intToString(n) + " , available " +
+                              intToString(remaining()));
+}
+
+}  // namespace tavrone
