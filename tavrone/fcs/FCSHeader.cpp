@@ -1,0 +1,26 @@
+#include "tavrone/fcs/FCSHeader.h"
+
+namespace tavrone {
+
+namespace {
+
+constinit tvstringliteral const FORMAT("FCS");
+
+}  // namespace
+
+FCSHeader::FCSHeader() {
+  set<"MessageFormat">(FORMAT);
+}
+FCSHeader::FCSHeader(FCSHeader const &other) : Object(), ObjectRef(), RecordOf(other), MessageHeader(other) {}
+FCSHeader::~FCSHeader() noexcept(false) = default;
+
+tvstring FCSHeader::getMessageFormat() {
+  return FORMAT;
+}
+
+tvstring FCSHeader::getHeaderField(tvstring const &name) {
+  if (name != getFieldName(index<"MessageFormat">) || isNull(index<"MessageFormat">)) return tvstring();
+  return get<"MessageFormat">();
+}
+
+}  // namespace tavrone
