@@ -16,7 +16,7 @@ namespace {
 constinit tvstringliteral const SPACE(" ");
 constinit tvstringliteral const DATE_PATTERN("MMddyyyy");
 constexpr int EIGHTHS = 8;
-constinit std::array<tvstringliteral, EIGHTHS> const FRACTIONS = {"", "1/8", "1/4", "3/8", "1/2", "5/8", "3/4", "7/8"};
+constexpr std::array<char const *, EIGHTHS> FRACTIONS = {"", "1/8", "1/4", "3/8", "1/2", "5/8", "3/4", "7/8"};
 
 enum TrailerField { ISN, TEXT };
 
@@ -127,7 +127,7 @@ tvstring FCSOutputWriter::getFraction(double rest) {
   double const eighths = rest * EIGHTHS;
   if (!(eighths > 0 && eighths < EIGHTHS)) return tvstring();
   int const count = static_cast<int>(eighths);
-  return FRACTIONS[eighths == count ? static_cast<size_t>(count) : 0];
+  return tvstringliteral(FRACTIONS[eighths == count ? static_cast<size_t>(count) : 0]);
 }
 
 tvstring *FCSOutputWriter::findPrevious(int i) {
@@ -142,7 +142,10 @@ void FCSOutputWriter::setPreviousToken(tvstring const &text, int i) {
   if (tvstring *const token = findPrevious(i)) *token = text;
 }
 void FCSOutputWriter::addToPreviousToken(tvstring const &text, int i) {
-  if (tvstring *const token = findPrevious(i)) *token = *token + text;
+  tvstring *const token = findPrevious(i);
+  if (token == nullptr) return;
+  size_t const start = rendered_.length();
+  *token = rendered_.append(*token).append(text).substr(start);
 }
 
 void FCSOutputWriter::finishLine() {
