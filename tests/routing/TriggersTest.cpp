@@ -42,9 +42,9 @@ struct OneTrigger : Triggers {
 };
 
 TransformContext none;
+bool const registered = registerClass<TestTrigger>("test.Trigger");
 
 TEST(Triggers, MakeATriggerOnceForEachContextAndReleaseIt) {
-  registerClass<TestTrigger>("test.Trigger");
   {
     OneTrigger triggers;
     for (int i = 0; i < 2; ++i) triggers.onNewMessage(nullptr, none);
