@@ -1,12 +1,18 @@
-// A host that takes orders and sends tickets: order_desk [--out <folder>] examples/data/orders.txt ...
+// A host that takes orders and sends tickets: order_desk [--flow] [--out <folder>] examples/data/orders.txt ...
 //
-// It shows the inside of the pipeline, with the classes of the folder order_desk/: a line is parsed into an order, the
-// order is completed, checked and processed by the rules of its message, mapped to a ticket, and the ticket is written
-// to a device: blocks to a file each, the rest to memory. Nothing of that is called from here: the classes find each
-// other by name, and this file only feeds them and prints what came of it.
+// It shows the inside of the pipeline, with the classes of the folder order_desk/. The router identifies a line and
+// hands it to an input format; the line is parsed into an order, the order is completed, checked and processed by the
+// rules of its message, mapped by a trigger to a ticket, which is a message with rules of its own, and the ticket is
+// written by another trigger to a device: blocks to a file each, the rest to memory. Nothing of that is called from
+// here: the classes find each other by name, and this file only feeds them and prints what came of it.
+//
+// With --flow the same lines go through a message flow instead, which calls the same classes by hand.
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -48,14 +54,47 @@ struct Counts {
   int failures = 0;
 };
 
+// Tells somebody who waits at a terminal how far a long run is; the table itself goes elsewhere then.
+class Progress {
+ public:
+  ~Progress() {
+    if (shown_) std::fprintf(stderr, "\r%60s\r", "");
+  }
+
+  void tell(int messages) {
+    if (!watched_ || messages % 256 != 0 || seconds() < nextSecond_) return;
+    std::fprintf(stderr, "\r%d messages, %.0f per second", messages, messages / seconds());
+    nextSecond_ = seconds() + 0.5;
+    shown_ = true;
+  }
+  double seconds() const { return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count(); }
+
+ private:
+  std::chrono::steady_clock::time_point const start_ = std::chrono::steady_clock::now();
+  bool const watched_ = isatty(STDERR_FILENO) != 0 && isatty(STDOUT_FILENO) == 0;
+  double nextSecond_ = 1;
+  bool shown_ = false;
+};
+
+MessageIdentificationService *orderLineService() {
+  auto *service = new MessageIdentificationService;
+  service->registerMessageIdentifer("OrderLineIdentifier");
+  return service;
+}
+
 class OrderDesk {
  public:
-  explicit OrderDesk(std::filesystem::path const &folder) : files_(new FileOutputProtocol(folder)) {
+  OrderDesk(std::filesystem::path const &folder, bool byFlow)
+      : files_(new FileOutputProtocol(folder)), router_(orderLineService()) {
     SmartPtr<ILookupContext> const directory = LookupContextFactory::getLookupContext();
     directory->bind("file", files_.get());
     directory->bind("memory", new ContextOutputProtocol);
-    format_ = directory->lookupInputFormat("OrderLine");
     message_ = directory->lookupInternalMessage("Order");
+    if (byFlow) flow_ = directory->lookupMessageFlow("OrderFlow");
+    auto *orders = new MessageConfiguration;
+    orders->setMessageFormat("ORDER-LINE");
+    orders->setContextProperty(TransformContext::INPUT_FORMAT_PROPERTY, "OrderLine");
+    router_.addMessageConfiguration(orders);
   }
 
   // Tickets are named for the file and the line of their orders, so no two files may have the same name.
@@ -75,36 +114,56 @@ class OrderDesk {
   }
 
   Counts const &counts() const { return counts_; }
+  double messagesPerSecond() const { return counts_.messages / progress_.seconds(); }
 
  private:
   void take(tvstring const &source, Binary const &line) {
-    ++counts_.messages;
-    ByteArrayInputSource input(line);
-    context_.clear();
+    progress_.tell(++counts_.messages);
     context_.createOutputContext();
     context_.setProperty(TransformContext::INPUT_SOURCE_PROPERTY, source);
     try {
-      format_->processInput(input, context_);
-      printDelivery(source, line);
+      if (flow_.isNull())
+        route(source, line);
+      else
+        runFlow(source, line);
     } catch (TransformException const &failure) {
-      ++counts_.refused;
-      std::printf("%-20s %-9s refused\n", source.c_str(), orderId(line).c_str());
+      printRefusal(source, line);
       explain(failure, line);
     }
   }
 
+  void route(tvstring const &source, Binary const &line) {
+    ByteArrayInputSource input(line);
+    router_.processMessage(input, context_);
+    printDelivery(source, line);
+  }
+
+  void runFlow(tvstring const &source, Binary const &line) {
+    ObjectList inputs;
+    inputs.add(new BinaryObject(line));
+    Result<ObjectList> const result = flow_->run2(inputs, context_);
+    if (result.exceptions.empty()) return printDelivery(source, line);
+    printRefusal(source, line);
+    for (ExceptionDataObject *record : result.exceptions) print(*record);
+  }
+
+  void printRefusal(tvstring const &source, Binary const &line) {
+    ++counts_.refused;
+    std::printf("%-20s %-9s refused\n", source.c_str(), orderId(line).c_str());
+  }
+
   void printDelivery(tvstring const &source, Binary const &line) {
-    tvstring const device = context_.getProperty(TransformContext::OUTPUT_DEVICE_PROPERTY);
     std::string target;
     tvstring ticket;
-    if (device == "file") {
-      ++counts_.inFiles;
-      target = files_->getLastPath().filename();
-      ticket = FileInputSource(files_->getLastPath().c_str()).getAsBinary().toString();
-    } else {
+    std::filesystem::path const file = files_->takeLastPath();
+    if (file.empty()) {
       ++counts_.inMemory;
       target = "memory";
-      ticket = context_.getOutputContext()->getOutputDevice(device)->getAsString();
+      ticket = context_.getOutputContext()->getOutputDevice("memory")->getAsString();
+    } else {
+      ++counts_.inFiles;
+      target = file.filename();
+      ticket = FileInputSource(file.c_str()).getAsBinary().toString();
     }
     std::printf("%-20s %-9s %-20s %s\n", source.c_str(), orderId(line).c_str(), target.c_str(),
                 shown(ticket, 120).c_str());
@@ -113,20 +172,14 @@ class OrderDesk {
   // The pipeline stops at the first failure. An order that it refused is looked at once more, this time collecting, so
   // that its sender hears of everything at once; good orders don't pay for that.
   void explain(TransformException const &failure, Binary const &line) {
-    Result<SmartPtr<DataObject>> const parsed = parse2(line);
+    static_cast<void>(files_->takeLastPath());
+    Result<SmartPtr<DataObject>> const parsed = OrderLineParser::parse2(line.toString(), context_);
     if (failure.getErrorPhase() == ExceptionObject::INPUT_PHASE) return printAll(parsed, failure);
     if (failure.getErrorType() != ExceptionObject::ERROR_TYPE_VALIDATION) return print(failure);
     message_->preprocess(parsed.value, context_);
-    printAll(message_->validate2(parsed.value, context_), failure);
-  }
-
-  Result<SmartPtr<DataObject>> parse2(Binary const &line) {
-    CascadingExceptionHandler collecting;
-    OrderLineParser parser;
-    parser.exceptionHandler = &collecting;
-    SmartPtr<Order> const order(new Order);
-    parser.parseOrder(*order, line.toString(), context_);
-    return {order.get(), collecting.getExceptions()};
+    Result<SmartPtr<DataObject>> const checked = message_->validate2(parsed.value, context_);
+    if (checked.exceptions.empty()) return print(failure);  // a ticket's check
+    printAll(checked, failure);
   }
 
   // What was collected has not passed through the pipeline, which tells the phase: it is that of the first failure.
@@ -154,14 +207,16 @@ class OrderDesk {
 
   std::set<std::filesystem::path> names_;
   SmartPtr<FileOutputProtocol> files_;
-  SmartPtr<IInputFormat> format_;
+  MessageRouter router_;
+  SmartPtr<IMessageFlow> flow_;  // null unless asked for
   SmartPtr<IInternalMessage> message_;
   TransformContext context_;
   Counts counts_;
+  Progress progress_;
 };
 
 int usage(char const *program) {
-  std::fprintf(stderr, "usage: %s [--out <folder>] <file of orders, one a line>...\n", program);
+  std::fprintf(stderr, "usage: %s [--flow] [--out <folder>] <file of orders, one a line>...\n", program);
   return 2;
 }
 
@@ -179,22 +234,31 @@ int main(int argc, char **argv) {
   std::vector<std::string_view> arguments(argv + 1, argv + argc);
   try {
     std::filesystem::path folder;
-    if (arguments.size() >= 2 && arguments[0] == "--out") {
-      folder = arguments[1];
-      std::filesystem::create_directories(folder);
-      arguments.erase(arguments.begin(), arguments.begin() + 2);
+    bool byFlow = false;
+    while (!arguments.empty() && arguments[0].starts_with("--")) {
+      size_t taken = 1;
+      if (arguments[0] == "--flow") {
+        byFlow = true;
+      } else if (arguments[0] == "--out" && arguments.size() >= 2) {
+        folder = arguments[taken++];
+        std::filesystem::create_directories(folder);
+      } else {
+        return usage(argv[0]);
+      }
+      arguments.erase(arguments.begin(), arguments.begin() + static_cast<std::ptrdiff_t>(taken));
     }
     if (arguments.empty()) return usage(argv[0]);
     if (folder.empty()) folder = makeTemporaryFolder();
 
-    OrderDesk desk(folder);
+    OrderDesk desk(folder, byFlow);
     std::printf("%-20s %-9s %-20s %s\n", "Source", "Order", "Went to", "What came out");
     std::printf("  ! %-14s %-16s %-7s %-12s %s\n\n", "Failure", "Phase", "Code", "Field", "Text");
     for (std::string_view path : arguments) desk.takeFile(path);
     Counts const &counts = desk.counts();
     std::printf("\nFiles are in %s\n", folder.c_str());
-    std::printf("%d messages: %d tickets in memory, %d in files, %d refused with %d failures\n", counts.messages,
-                counts.inMemory, counts.inFiles, counts.refused, counts.failures);
+    std::printf(
+        "%d messages: %d tickets in memory, %d in files, %d refused with %d failures, %.0f messages per second\n",
+        counts.messages, counts.inMemory, counts.inFiles, counts.refused, counts.failures, desk.messagesPerSecond());
     return 0;
   } catch (TransformException const &failure) {
     std::fprintf(stderr, "%s\n", failure.getMessage().c_str());

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <utility>
 
 #include "tavrone/tavrone.h"
 
@@ -51,8 +52,8 @@ class FileOutputProtocol : public IOutputProtocol {
   // The device is the protocol's, and goes when the next one is made.
   OutputDevice *createDevice(DeviceInfo &deviceInfo, TransformContext &context) override;
 
-  // The file of the last device.
-  std::filesystem::path const &getLastPath() const { return lastPath_; }
+  // The file of the last device; empty if none was made since the last call.
+  std::filesystem::path takeLastPath() { return std::exchange(lastPath_, {}); }
 
  private:
   std::filesystem::path folder_;

@@ -6,7 +6,10 @@ namespace examples {
 
 namespace {
 
-[[maybe_unused]] bool const BOUND = bindFactory<OrderLineFormat>("OrderLine");
+[[maybe_unused]] bool const BOUND =
+    bindFactory<OrderLineFormat>("OrderLine") && registerClass<OrderLineIdentifier>("OrderLineIdentifier");
+
+using OrderLineHeader = Record<"OrderLineHeader", Field<"MessageFormat", tvstring>>;
 
 constexpr char const *SOURCE = "examples/OrderLineParser";
 
@@ -131,8 +134,30 @@ void OrderLineParser::parseOrder(Order &order, tvstring const &line, TransformCo
   }
 }
 
+Result<SmartPtr<DataObject>> OrderLineParser::parse2(tvstring const &line, TransformContext &context) {
+  CascadingExceptionHandler collecting;
+  OrderLineParser parser;
+  parser.exceptionHandler = &collecting;
+  SmartPtr<Order> const order(new Order);
+  parser.parseOrder(*order, line, context);
+  return {order.get(), collecting.getExceptions()};
+}
+
 void OrderLineFormat::parseInput(InputSource &input, DataObject *object, TransformContext &context) {
   parser_.parseOrder(*checkedCast<Order>(object), input.getAsBinary().toString(), context);
+}
+
+OrderLineIdentifier::OrderLineIdentifier() {
+  auto *const header = new OrderLineHeader;
+  header->set<"MessageFormat">("ORDER-LINE");
+  header_ = header;
+}
+
+DataObject *OrderLineIdentifier::identifyMessage(InputSource &input) {
+  int length = 0;
+  char const *const bytes = input.getAsBytes(length);
+  bool const hasDelimiter = std::find(bytes, bytes + length, '|') != bytes + length;
+  return hasDelimiter ? header_.get() : nullptr;
 }
 
 }  // namespace examples

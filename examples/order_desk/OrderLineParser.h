@@ -24,6 +24,8 @@ class OrderLineParser : public InputParser {
 
   // What both come down to. The texts of the order are views on the line's storage.
   void parseOrder(Order &order, tvstring const &line, TransformContext &context);
+  // A new order, with a record of each field that cannot be read.
+  static Result<SmartPtr<DataObject>> parse2(tvstring const &line, TransformContext &context);
 };
 
 // The input channel: one order a line, for the internal message "Order".
@@ -37,6 +39,18 @@ class OrderLineFormat : public AbstractInputFormat {
 
  private:
   OrderLineParser parser_;
+};
+
+// Knows a line of fields by its delimiters. All such lines are of the format "ORDER-LINE"; which of them are orders,
+// the parser tells.
+class OrderLineIdentifier : public MessageIdentifier {
+ public:
+  OrderLineIdentifier();
+
+  DataObject *identifyMessage(InputSource &input) override;
+
+ private:
+  SmartPtr<DataObject> header_;  // the same for every line
 };
 
 }  // namespace examples

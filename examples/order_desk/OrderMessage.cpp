@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "examples/order_desk/Checks.h"
+
 namespace examples {
 
 namespace {
@@ -21,14 +23,8 @@ bool isAccount(tvstring const &text) {
          std::all_of(account.begin() + 3, account.end(), isDigit);
 }
 
-struct Check {
-  char const *code;
-  char const *rule;
-  char const *field;
-  bool (*holds)(Order const &order);
-};
-
-constexpr Check CHECKS[] = {
+// What an order must pass, as its validator "Default".
+constexpr Check<Order> CHECKS[] = {
     {"ORD-01", "AccountForm", "Account", [](Order const &o) { return isAccount(o.get<"Account">()); }},
     {"ORD-02", "BuyOrSell", "Side", [](Order const &o) { return o.get<"Side">() == 'B' || o.get<"Side">() == 'S'; }},
     {"ORD-03", "QuantityLimit", "Quantity",
@@ -54,29 +50,17 @@ void OrderDefaults::process(DataObject *object) {
   order.set<"ExecutedQuantity">(0);
 }
 
-void OrderChecks::validate(DataObject *object) {
-  Order const &order = *checkedCast<Order>(object);
-  for (Check const &check : CHECKS) {
-    // A handler that collects lets the next check run; the one that stops throws from here.
-    try {
-      if (!check.holds(order)) throwFieldInvalid(check.rule, check.field);
-    } catch (TransformException &failure) {
-      failure.setInternalCode(check.code);
-      failure.fillErrorType(ExceptionObject::ERROR_TYPE_VALIDATION);
-      exceptionHandler->onException(&failure);
-    }
-  }
-}
-
 void OrderNotional::process(DataObject *object) {
   Order &order = *checkedCast<Order>(object);
   // Exact: a product of doubles would be off in the last place.
   order.set<"Notional">(BigDecimal(order.get<"Quantity">()) * BigDecimal(order.get<"Price">()));
 }
 
-OrderMessage::OrderMessage() : AbstractInternalMessage("Order") {
+// The triggers hold a handle on the message that does not count: objects that count each other never go.
+OrderMessage::OrderMessage()
+    : AbstractInternalMessage("Order"), triggers_(SmartPtr<IInternalMessage>(new BusinessTransactionWrapper(this))) {
   addProcessing(PREPROCESSING_NODE_NAME, new OrderDefaults);
-  addValidator("Default", new OrderChecks);
+  addValidator("Default", new TableChecks<Order>(CHECKS));
   addProcessing(POSTPROCESSING_NODE_NAME, new OrderNotional);
 }
 

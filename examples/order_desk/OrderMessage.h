@@ -1,5 +1,6 @@
 #pragma once
 
+#include "examples/messages/Order.h"
 #include "examples/order_desk/OrderTriggers.h"
 
 namespace examples {
@@ -11,14 +12,6 @@ class OrderDefaults : public BusinessProcessingRules {
  public:
   using BusinessProcessingRules::process;
   void process(DataObject *object) override;
-};
-
-// "Default": the table of checks that an order must pass. Each failed one goes to the exception handler with its code
-// in "Internal-Code", so that validate2 reports all of them.
-class OrderChecks : public ValidationRules {
- public:
-  using ValidationRules::validate;
-  void validate(DataObject *object) override;
 };
 
 // "Postprocess": what follows from the fields of an order that is valid.

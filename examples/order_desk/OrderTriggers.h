@@ -4,22 +4,36 @@
 
 namespace examples {
 
-// What happens to an order that passed its rules: it becomes a ticket, and the ticket goes to a device. "output.device"
-// in the context of the message tells afterwards to which.
+// What the design tool generates for the triggers of the two internal messages: a context for each configured trigger,
+// and the choice of those that fire. Orders and tickets come one by one, so batches matter to their triggers alone.
+
+// An order that passed its rules becomes a ticket, which is an internal message, too.
 class OrderTriggers : public Triggers {
  public:
-  OrderTriggers();
+  explicit OrderTriggers(SmartPtr<IInternalMessage> const &order);
   ~OrderTriggers() noexcept(false) override = default;
 
   void handleNewMessage(DataObject *object, TransformContext &context) override;
-  // Orders come one by one.
-  void handleBatchStart(TransformContext &) override {}
-  void handleBatchEnd(TransformContext &) override {}
+  void handleBatchStart(TransformContext &context) override;
+  void handleBatchEnd(TransformContext &context) override;
 
  private:
-  // Looked up at the first order.
-  SmartPtr<INormalizedObjectMappingFormat> mapping_;
-  SmartPtr<IOutputFormat> format_;
+  TriggerContextImpl toTicket_;
+};
+
+// A ticket goes to a device: a block to a file of its own, the rest to memory.
+class TicketTriggers : public Triggers {
+ public:
+  explicit TicketTriggers(SmartPtr<IInternalMessage> const &ticket);
+  ~TicketTriggers() noexcept(false) override = default;
+
+  void handleNewMessage(DataObject *object, TransformContext &context) override;
+  void handleBatchStart(TransformContext &context) override;
+  void handleBatchEnd(TransformContext &context) override;
+
+ private:
+  TriggerContextImpl blocks_;
+  TriggerContextImpl others_;
 };
 
 }  // namespace examples

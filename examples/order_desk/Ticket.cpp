@@ -4,7 +4,9 @@ namespace examples {
 
 namespace {
 
-[[maybe_unused]] bool const BOUND = bindFactory<OrderToTicket>("OrderToTicket") && bindFactory<TicketFormat>("Ticket");
+[[maybe_unused]] bool const BOUND = bindFactory<OrderToTicket>("OrderToTicket") &&
+                                    bindFactory<OrderToTicketMapping>("OrderToTicketMapping") &&
+                                    bindFactory<TicketFormat>("TicketLine");
 
 // One instrument by its symbol, a combination by its legs: "ACME-BETA".
 tvstring instrumentOf(Order const &order) {
@@ -19,6 +21,11 @@ tvstring instrumentOf(Order const &order) {
 }
 
 }  // namespace
+
+bool isBlock(Ticket const &ticket) {
+  static BigDecimal const amount(250'000);
+  return ticket.get<"Amount">() >= amount;
+}
 
 void OrderToTicketRules::mapFields0(DataObject *source, DataObject *target) {
   Order const &order = *checkedCast<Order>(source);
@@ -37,6 +44,17 @@ DataObject *OrderToTicket::map(DataObject *source, TransformContext &context) {
   auto ticket = std::make_unique<Ticket>();
   rules_.mapFields(source, ticket.get(), context);
   return ticket.release();
+}
+
+OrderToTicketMapping::OrderToTicketMapping() : AbstractMessageMapping("OrderToTicketMapping") {
+  setSourceMessageName("Order");
+  setDestinationMessageName("Ticket");
+}
+
+SmartPtr<DataObject> OrderToTicketMapping::map(SmartPtr<DataObject> const &source, TransformContext &context) {
+  SmartPtr<DataObject> const ticket(new Ticket);
+  rules_.mapFields(source.get(), ticket.get(), context);
+  return ticket;
 }
 
 void TicketWriter::initMessage() {
@@ -58,6 +76,7 @@ void TicketWriter::writeData(DataObject *data, TransformContext &) {
   put("Instrument", ticket.get<"Instrument">());
   put("Amount", ticket.get<"Amount">().toString());
   put("TradeDate", ticket.get<"TradeDate">().toString("yyyyMMdd"));
+  put("SettlementDate", ticket.get<"SettlementDate">().toString("yyyyMMdd"));
   put("Note", ticket.isNull<"Note">() ? tvstring::EMPTY : ticket.get<"Note">());
 }
 

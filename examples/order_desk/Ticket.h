@@ -14,11 +14,15 @@ struct Ticket : RecordOf<Ticket, "Ticket",
                          Field<"Instrument", tvstring>,
                          Field<"Amount", BigDecimal>,
                          Field<"TradeDate", DateOnly>,
+                         Field<"SettlementDate", DateOnly>,
                          Field<"Note", tvstring>> {};
 
 struct TicketHeader : RecordOf<TicketHeader, "TicketHeader",
                                Field<"Source", tvstring>> {};
 // clang-format on
+
+// From this amount on the middle office wants a file; what is smaller stays with the host, in memory.
+bool isBlock(Ticket const &ticket);
 
 // The assignments of the mapping from Order to Ticket.
 class OrderToTicketRules : public NormalizedObjectMappingRules {
@@ -33,6 +37,18 @@ class OrderToTicket : public AbstractNormalizedObjectMappingFormat {
 
   using AbstractNormalizedObjectMappingFormat::map;
   DataObject *map(DataObject *source, TransformContext &context) override;
+
+ private:
+  OrderToTicketRules rules_;
+};
+
+// The same mapping for flows.
+class OrderToTicketMapping : public AbstractMessageMapping {
+ public:
+  OrderToTicketMapping();
+  ~OrderToTicketMapping() noexcept(false) override = default;
+
+  SmartPtr<DataObject> map(SmartPtr<DataObject> const &source, TransformContext &context) override;
 
  private:
   OrderToTicketRules rules_;

@@ -1,0 +1,47 @@
+#include "examples/order_desk/TicketMessage.h"
+
+#include "examples/order_desk/Checks.h"
+#include "examples/order_desk/Ticket.h"
+
+namespace examples {
+
+namespace {
+
+[[maybe_unused]] bool const BOUND = bindFactory<TicketMessage>("Ticket");
+
+constexpr int SUNDAY = 1;
+constexpr int SATURDAY = 7;
+
+bool isWorkingDay(DateTime const &day) {
+  int const weekday = day.getDatePortion().dayOfWeek();
+  return weekday != SUNDAY && weekday != SATURDAY;
+}
+
+constexpr Check<Ticket> CHECKS[] = {
+    {"TKT-01", "WorkingDay", "TradeDate", [](Ticket const &t) { return isWorkingDay(t.get<"TradeDate">()); }},
+};
+
+}  // namespace
+
+void TicketSettlement::process(DataObject *object) {
+  Ticket &ticket = *checkedCast<Ticket>(object);
+  DateTime day = ticket.get<"TradeDate">();
+  for (int working = 0; working < 2;) {
+    day = day + TimeSpan(1, 0, 0, 0, 0);
+    if (isWorkingDay(day)) ++working;
+  }
+  ticket.set<"SettlementDate">(day);
+}
+
+// The triggers hold a handle on the message that does not count: objects that count each other never go.
+TicketMessage::TicketMessage()
+    : AbstractInternalMessage("Ticket"), triggers_(SmartPtr<IInternalMessage>(new BusinessTransactionWrapper(this))) {
+  addProcessing(PREPROCESSING_NODE_NAME, new TicketSettlement);
+  addValidator("Default", new TableChecks<Ticket>(CHECKS));
+}
+
+DataObject *TicketMessage::createNormalizedObject() {
+  return new Ticket;
+}
+
+}  // namespace examples
