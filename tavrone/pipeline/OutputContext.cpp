@@ -2,13 +2,11 @@
 
 #include <memory>
 
-#include "tavrone/core/OwnedPointers.h"
-
 namespace tavrone {
 
 IOutputContext::~IOutputContext() noexcept(false) = default;
 IOutputContextImpl::~IOutputContextImpl() noexcept(false) {
-  deleteAll(devices_);
+  IOutputContextImpl::clear();
 }
 
 ByteArrayOutputDevice *IOutputContextImpl::getOutputDevice(tvstring const &deviceName) {
@@ -23,8 +21,12 @@ TList<tvstring> IOutputContextImpl::getOutputDeviceNames() {
   return names;
 }
 
+// The list keeps its room for the next message.
 void IOutputContextImpl::clear() {
-  deleteAll(devices_);
+  while (!devices_.empty()) {
+    std::unique_ptr<ByteArrayOutputDevice> const last(devices_.back());
+    devices_.pop_back();
+  }
 }
 
 ByteArrayOutputDevice *IOutputContextImpl::createOutputDevice(DeviceInfo const &deviceInfo) {

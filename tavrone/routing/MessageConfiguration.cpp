@@ -22,24 +22,25 @@ uint64_t MessageConfiguration::keyOf(tvstring const &text) {
 }
 
 // The header of one message while configurations are compared with it: a field is read when the first configuration
-// asks for it, and never again. The three fixed fields cost no allocation of their own.
+// asks for it, and never again. A header that is a MessageHeader itself answers without a wrapper for each field; the
+// three fixed fields cost no allocation of their own.
 class MessageConfiguration::HeaderFields {
  public:
-  explicit HeaderFields(DataObject *header) : header_(header, false) {}
+  explicit HeaderFields(DataObject *header) : object_(header), adapter_(header, false) {}
 
   bool hasFormat(uint64_t key, tvstring const &wanted) {
-    return format_.equals(key, wanted, [this] { return header_.getMessageFormat(); });
+    return format_.equals(key, wanted, [this] { return header().getMessageFormat(); });
   }
   bool hasVersion(uint64_t key, tvstring const &wanted) {
-    return version_.equals(key, wanted, [this] { return header_.getMessageVersion(); });
+    return version_.equals(key, wanted, [this] { return header().getMessageVersion(); });
   }
   bool hasType(uint64_t key, tvstring const &wanted) {
-    return type_.equals(key, wanted, [this] { return header_.getMessageType(); });
+    return type_.equals(key, wanted, [this] { return header().getMessageType(); });
   }
   bool hasField(tvstring const &name, tvstring const &wanted) {
     auto const known = others_.find(name);
     if (known != others_.end()) return known->second == wanted;
-    return others_.emplace(name, header_.getHeaderField(name)).first->second == wanted;
+    return others_.emplace(name, header().getHeaderField(name)).first->second == wanted;
   }
 
  private:
@@ -61,7 +62,15 @@ class MessageConfiguration::HeaderFields {
     bool known_ = false;
   };
 
-  MessageHeaderAdapter header_;
+  MessageHeader &header() {
+    if (header_ == nullptr) header_ = dynamic_cast<MessageHeader *>(object_);
+    if (header_ == nullptr) header_ = &adapter_;
+    return *header_;
+  }
+
+  DataObject *object_;
+  MessageHeaderAdapter adapter_;
+  MessageHeader *header_ = nullptr;  // null until a field is read
   Field format_;
   Field version_;
   Field type_;
