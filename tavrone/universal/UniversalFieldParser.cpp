@@ -56,8 +56,8 @@ double UniversalFieldParser::parseImpliedDouble(tvstring const &value, int, int 
   if (n >= UniversalRecord::LONG_POWERS_OF_10.size())
     raise<TransformException>("Cannot convert '" + value + "' to double", SOURCE);
   size_t const integerLength = value.length() - n;
-  long long fraction = Parsing::parseLong(value.substr(integerLength));
-  long long const whole = Parsing::parseLong(value.substr(0, integerLength));
+  long long fraction = Parsing::parseLong(value.substr(integerLength));  // fails for an empty text, which is meant
+  long long const whole = integerLength == 0 ? 0 : Parsing::parseLong(value.substr(0, integerLength));
   if (whole < 0) fraction = -fraction;
   return static_cast<double>(fraction) / static_cast<double>(UniversalRecord::LONG_POWERS_OF_10[n]) +
          static_cast<double>(whole);
