@@ -60,7 +60,7 @@ inline uint64_t loadLast(char const *from, size_t n) {
 constexpr uint64_t POWERS_OF_10[] = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000};
 
 // The value of 1 to 18 digits, or false for a character that is none.
-inline bool readDigits(char const *from, size_t n, uint64_t &value) {
+[[gnu::always_inline]] inline bool readDigits(char const *from, size_t n, uint64_t &value) {
   if (n < 8) {
     uint64_t const word = loadLast(from, n);
     value = valueOf8(word);

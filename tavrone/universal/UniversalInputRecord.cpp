@@ -15,16 +15,6 @@ namespace {
 
 constexpr char const *SOURCE = "cpp/universal/UniversalInputRecord";
 
-// The number that up to 16 nibbles spell, the first in the highest place: neighbours are joined, in pairs, in fours and
-// so on. A nibble counts with its value, up to 15; no lane runs over.
-constexpr uint64_t valueOfNibbles(uint64_t word) {
-  word -= (word >> 4 & 0x0F0F0F0F0F0F0F0F) * (0x10 - 10);
-  word -= (word >> 8 & 0x00FF00FF00FF00FF) * (0x100 - 100);
-  word -= (word >> 16 & 0x0000FFFF0000FFFF) * (0x10000 - 10000);
-  return word - (word >> 32) * (0x100000000 - 100000000);
-}
-static_assert(valueOfNibbles(0x9876543210123456) == 9876543210123456 && valueOfNibbles(0xFF) == 165);
-
 constexpr uint64_t lowNibbles(uint64_t word, int n) {
   return n < 16 ? word & ((uint64_t{1} << 4 * n) - 1) : word;
 }
@@ -82,7 +72,11 @@ void UniversalInputRecord::init(Binary const &binary) {
 
 void UniversalInputRecord::init(tvstring const &message, Binary const &binary, int start, int length,
                                 UniversalInputRecord *enclosing) {
-  int const end = assertRange(message, binary, start, length);
+  adopt(message, binary, start, assertRange(message, binary, start, length), enclosing);
+}
+
+void UniversalInputRecord::adopt(tvstring const &message, Binary const &binary, int start, int end,
+                                 UniversalInputRecord *enclosing) {
   if (!binary_.isCounted() || binary.data() != rawBytes_) lineScan_ = LineScan();
   binary_ = binary;
   message_ = message;
@@ -95,9 +89,9 @@ void UniversalInputRecord::init(tvstring const &message, Binary const &binary, i
 void UniversalInputRecord::init(tvstring const &message, Binary const &binary, int start, int length,
                                 tvstring const &delimiter, bool recordFlag, bool dropLastDelimiter,
                                 UniversalInputRecord *enclosing) {
-  assertRange(message, binary, start, length);
+  int const end = assertRange(message, binary, start, length);
   UniversalRecord::init(delimiter, recordFlag, dropLastDelimiter);
-  init(message, binary, start, length, enclosing);
+  adopt(message, binary, start, end, enclosing);
 }
 
 // Both views of the message must reach so far; returns the end.
@@ -122,7 +116,8 @@ UniversalInputRecord *UniversalInputRecord::getDelimitedRecord(UniversalInputRec
   int const found = findDelimiter(delimiter, NO_QUOTE, begin, endPosition_);
   int const end = found < 0 ? endPosition_ : found;
   take((found < 0 ? end : end + static_cast<int>(delimiter.length())) - begin);
-  child->init(message_, binary_, begin, end - begin, delimiter, recordFlag, dropLastDelimiter, this);
+  child->UniversalRecord::init(delimiter, recordFlag, dropLastDelimiter);
+  child->adopt(message_, binary_, begin, end, this);
   return child;
 }
 
@@ -130,7 +125,7 @@ tvstring UniversalInputRecord::getStringAtEnd(int n) {
   if (isTrailingField() && isEmpty()) return EMPTY_STRING;
   assertRemaining(n);
   int const begin = take(n);
-  return textOf(begin, currentPosition_);
+  return textAt(begin, n);
 }
 
 tvstring UniversalInputRecord::peekString(int offset, int length) const {
@@ -142,7 +137,7 @@ tvstring UniversalInputRecord::peekString(int offset, int length) const {
 }
 
 tvstring UniversalInputRecord::peekRest() const {
-  return textOf(currentPosition_, endPosition_);
+  return textAt(currentPosition_, remaining());
 }
 
 bool UniversalInputRecord::isNext(char const *text) const {
@@ -160,7 +155,7 @@ tvstring UniversalInputRecord::getAnyDelimitedString(tvstring const &delimiter, 
   int const found = findDelimiter(delimiter, quote, begin, endPosition_);
   int const end = found < 0 ? endPosition_ : found;
   take((found < 0 ? end : end + static_cast<int>(delimiter.length())) - begin);
-  tvstring const field = textOf(begin, end);
+  tvstring const field = textAt(begin, end - begin);
   return hasQuote(field, quote) ? removeQuote(field, quote) : field;
 }
 
@@ -171,13 +166,13 @@ int UniversalInputRecord::findDelimiter(tvstring const &delimiter, char quote, i
   std::string_view const range(message_.data(), static_cast<size_t>(to));
   size_t begin = static_cast<size_t>(from);
   if (quote != NO_QUOTE && range[begin] == quote) begin = range.find(quote, begin + 1);
-  size_t const found = begin < range.size() ? range.find(viewOf(delimiter), begin) : range.npos;
+  if (begin >= range.size()) return -1;
+  size_t const found = delimiter.length() == 1 ? range.find(delimiter[0], begin) : range.find(viewOf(delimiter), begin);
   return found == range.npos ? -1 : static_cast<int>(found);
 }
 
-int UniversalInputRecord::findByteFurther(char c, int from, int to) const {
-  void const *const found = std::memchr(rawBytes_ + from, c, static_cast<size_t>(to - from));
-  return found == nullptr ? to : static_cast<int>(static_cast<char const *>(found) - rawBytes_);
+int UniversalInputRecord::findByteNearStart(char c, int from, int to) const {
+  return static_cast<int>(std::find(rawBytes_ + from, rawBytes_ + to, c) - rawBytes_);
 }
 
 tvstring UniversalInputRecord::removeQuote(tvstring const &value, char quote) {
@@ -241,41 +236,25 @@ long long UniversalInputRecord::getBinaryLong(int length, bool isSigned, bool bi
   throwASCIITokenizeException(cuts ? TEXT.data() + length : "");
 }
 
-std::pair<uint64_t, int> UniversalInputRecord::packedParts(int digits) const {
+long long UniversalInputRecord::getAnyPacked(int digits, int maxDigits, long long max) {
   constexpr int WORD_DIGITS = 15;  // and the sign, in the last eight bytes
-  constexpr int WORD = sizeof(uint64_t);
-  char const *const end = rawBytes_ + currentPosition_;
-  int const length = currentPosition_ - previousPosition_;
-  // A short field is read together with what stands before it, where anything does.
-  uint64_t const last = currentPosition_ >= WORD ? swapBytes(load8(end - WORD)) : bigEndianWord(end - length, length);
-  uint64_t magnitude = valueOfNibbles(lowNibbles(last, digits + 1) >> 4);
-  if (digits > WORD_DIGITS) {
-    uint64_t const first = bigEndianWord(end - length, length - WORD);
-    magnitude += valueOfNibbles(lowNibbles(first, digits - WORD_DIGITS)) * LONG_POWERS_OF_10[WORD_DIGITS];
-  }
-  return {magnitude, static_cast<int>(last & 0xF)};
-}
-
-template <class Integer>
-Integer UniversalInputRecord::getPacked(int digits) {
-  constexpr int MAX_DIGITS = std::numeric_limits<Integer>::digits10 + 1;
-  constexpr uint64_t MAX = std::numeric_limits<Integer>::max();
   onField();
-  if (digits < 0 || digits > MAX_DIGITS) raisePackedOverflow();
+  if (digits < 0 || digits > maxDigits) raisePackedOverflow();
   int const length = (digits + 2) / 2;
   assertRemaining(length);
-  take(length);
-  auto const [magnitude, sign] = packedParts(digits);
-  bool const negative = parseSign(sign);
-  if (magnitude > MAX + negative) raisePackedOverflow();
-  return static_cast<Integer>(negative ? -magnitude : magnitude);
-}
-
-int UniversalInputRecord::getPackedDecimalInt(int digits) {
-  return getPacked<int>(digits);
-}
-long long UniversalInputRecord::getPackedDecimalLong(int digits) {
-  return getPacked<long long>(digits);
+  char const *const begin = rawBytes_ + take(length);
+  int const ahead = std::max(length - WORD, 0);
+  bool const hasTwoWords = currentPosition_ >= 2 * WORD;
+  uint64_t const word = hasTwoWords ? wordBefore(currentPosition_) : bigEndianWord(begin + ahead, length - ahead);
+  static_assert(valueOf16Nibbles(0x9876543210123456) == 9876543210123456 && valueOf16Nibbles(0xFF) == 165);
+  uint64_t magnitude = valueOf16Nibbles(lowNibbles(word, digits + 1) >> 4);
+  if (ahead != 0) {
+    uint64_t const first = hasTwoWords ? wordBefore(currentPosition_ - WORD) : bigEndianWord(begin, ahead);
+    magnitude += valueOf16Nibbles(lowNibbles(first, digits - WORD_DIGITS)) * LONG_POWERS_OF_10[WORD_DIGITS];
+  }
+  bool const negative = parseSign(static_cast<int>(word & 0xF));
+  if (magnitude > static_cast<uint64_t>(max) + negative) raisePackedOverflow();
+  return static_cast<long long>(negative ? -magnitude : magnitude);
 }
 
 template <class Real>
@@ -300,12 +279,9 @@ float UniversalInputRecord::getPackedDecimalFloat(int integerDigits, int fractio
   return getPackedFraction<float>(integerDigits, fractionDigits);
 }
 
-bool UniversalInputRecord::parseSign(int nibble) {
-  if (nibble == 0xD) return true;
-  if (nibble != 0xC && nibble != 0xF)
-    throwASCIITokenizeException("The sign byte in a packed decimal should be one of 'D', 'C' or 'F'. found " +
-                                intToString(nibble));
-  return false;
+void UniversalInputRecord::raiseBadSign(int nibble) {
+  throwASCIITokenizeException("The sign byte in a packed decimal should be one of 'D', 'C' or 'F'. found " +
+                              intToString(nibble));
 }
 
 void UniversalInputRecord::skipTag(tvstring const &tag, char const *kind) {

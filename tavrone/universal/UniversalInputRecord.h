@@ -3,7 +3,9 @@
 #include <emmintrin.h>
 
 #include <bit>
+#include <climits>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 
 #include "tavrone/core/Binary.h"
@@ -58,7 +60,13 @@ class TAVRONE_API UniversalInputRecord : public UniversalRecord {
   tvstring getString(int n) {
     // A length of 0 takes the slow branch, since it may stand at the end of the trailing fields.
     if (n <= 0 || n > remaining()) return getStringAtEnd(n);
-    return message_.substr(static_cast<size_t>(take(n)), static_cast<size_t>(n));
+    int const begin = currentPosition_;
+    currentPosition_ = begin + n;
+    tvstring text = textAt(begin, n);
+    // Apart from the other position: compilers join neighbouring stores in a vector register, and the next field would
+    // wait for that.
+    previousPosition_ = begin;
+    return text;
   }
   tvstring getTagString(int n) { return getString(n); }
   tvstring getFixedFiller(int n) {
@@ -114,7 +122,7 @@ class TAVRONE_API UniversalInputRecord : public UniversalRecord {
     int const begin = previousPosition_ = currentPosition_;
     int const end = findByte(delimiter[0], begin, endPosition_);
     currentPosition_ = end + (end != endPosition_);
-    return message_.substr(static_cast<size_t>(begin), static_cast<size_t>(end - begin));
+    return textAt(begin, end - begin);
   }
   // The position of the first delimiter that lies wholly in [from, to), or -1. If the byte at `from` is the quote, the
   // search begins at the next quote: a doubled quote inside the text ends the quoted part at its first half, which is
@@ -154,8 +162,14 @@ class TAVRONE_API UniversalInputRecord : public UniversalRecord {
   // of digits has a spare nibble in front, which is not looked at. Nibbles above 9 count with their value. Raise
   // "Packed decimal overflow" for a negative count, more than 10 (int) or 19 (long) digits and a value past the type,
   // and "The sign byte in a packed decimal should be one of 'D', 'C' or 'F'. found N".
-  int getPackedDecimalInt(int digits);
-  long long getPackedDecimalLong(int digits);
+  int getPackedDecimalInt(int digits) {
+    constexpr int MAX_DIGITS = INT_POWERS_OF_10.size();
+    return static_cast<int>(getPacked(digits, MAX_DIGITS, INT_MAX));
+  }
+  long long getPackedDecimalLong(int digits) {
+    constexpr int MAX_DIGITS = LONG_POWERS_OF_10.size();
+    return getPacked(digits, MAX_DIGITS, LLONG_MAX);
+  }
   // Up to 8 digits in all are read as an int, more as a long; the float form divides in single precision.
   double getPackedDecimalDouble(int integerDigits, int fractionDigits);
   float getPackedDecimalFloat(int integerDigits, int fractionDigits);
@@ -199,6 +213,7 @@ class TAVRONE_API UniversalInputRecord : public UniversalRecord {
 
  private:
   static constexpr char NO_QUOTE = '\0';
+  static constexpr int WORD = sizeof(uint64_t);
 
   // Where the search for lines stands: the lines in [0, index), and the last break among them.
   struct LineScan {
@@ -223,44 +238,84 @@ class TAVRONE_API UniversalInputRecord : public UniversalRecord {
   }
   tvstring getStringAtEnd(int n);
   tvstring getAnyDelimitedString(tvstring const &delimiter, char quote);
-  tvstring textOf(int begin, int end) const {
-    return message_.substr(static_cast<size_t>(begin), static_cast<size_t>(end - begin));
+  tvstring textAt(int begin, int n) const {
+    tvstring text;
+    message_.substr(static_cast<size_t>(begin), static_cast<size_t>(n), text);  // the form that looks at no limit
+    return text;
   }
 
-  // The first c in [from, to), or `to`. Fields are short, so that the first bytes are looked at here: 16 at once, of
-  // which those before `from`, where the record ends too soon for 16 behind it, are shifted out.
+  // The first c in [from, to), or `to`. Fields are short, so that a call of memchr would cost more than the search. Of
+  // the last block, the bytes that were looked at, or stand before the field, are shifted out.
   int findByte(char c, int from, int to) const {
     constexpr int BLOCK = sizeof(__m128i);
-    int const length = to - from;
-    if (length >= BLOCK) {
-      unsigned const hits = hitsAt(from, c);
-      return hits != 0 ? from + std::countr_zero(hits) : findByteFurther(c, from + BLOCK, to);
-    }
-    if (to < BLOCK) return findByteFurther(c, from, to);
-    unsigned const hits = hitsAt(to - BLOCK, c) >> (BLOCK - length);
+    if (to < BLOCK) return findByteNearStart(c, from, to);
+    for (; to - from >= BLOCK; from += BLOCK)
+      if (unsigned const hits = hitsAt(from, c)) return from + std::countr_zero(hits);
+    unsigned const hits = hitsAt(to - BLOCK, c) >> (BLOCK - (to - from));
     return hits != 0 ? from + std::countr_zero(hits) : to;
   }
+  int findByteNearStart(char c, int from, int to) const;
   // A bit for each of the 16 bytes from there that is c.
   unsigned hitsAt(int position, char c) const {
     __m128i const bytes = _mm_loadu_si128(reinterpret_cast<__m128i const *>(rawBytes_ + position));
     return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(c))));
   }
-  int findByteFurther(char c, int from, int to) const;
 
   template <class Unsigned>
   Unsigned takeInteger(bool bigEndian);
-  template <class Integer>
-  Integer getPacked(int digits);
   template <class Real>
   Real getPackedFraction(int integerDigits, int fractionDigits);
-  // The magnitude and the sign nibble of a packed field that was just taken.
-  std::pair<uint64_t, int> packedParts(int digits) const;
+  // Up to 15 digits and their sign fit into eight bytes, and fewer than the type has digits are never past it. They are
+  // read together with what stands before them.
+  long long getPacked(int digits, int maxDigits, long long max) {
+    constexpr int WORD_DIGITS = 15;
+    int const length = (digits + 2) / 2;
+    int const end = currentPosition_ + length;
+    if (digits < 0 || digits > WORD_DIGITS || digits >= maxDigits || length > remaining() || end < WORD)
+      return getAnyPacked(digits, maxDigits, max);
+    previousPosition_ = currentPosition_;
+    onField();  // keeps the two stores apart, as in getString
+    currentPosition_ = end;
+    uint64_t const word = wordBefore(end);
+    int const shift = 4 * (WORD_DIGITS - digits);
+    uint64_t const nibbles = word << shift >> shift >> 4;
+    uint64_t const magnitude =
+        digits <= 8 ? valueOf8Nibbles(static_cast<uint32_t>(nibbles)) : valueOf16Nibbles(nibbles);
+    return static_cast<long long>(parseSign(static_cast<int>(word & 0xF)) ? -magnitude : magnitude);
+  }
+  long long getAnyPacked(int digits, int maxDigits, long long max);
+  // The eight bytes before a position, as a number.
+  uint64_t wordBefore(int end) const {
+    uint64_t word;
+    std::memcpy(&word, rawBytes_ + end - WORD, WORD);
+    return __builtin_bswap64(word);
+  }
+  // The number that nibbles spell, the first in the highest place: neighbours are joined, in pairs, in fours and so on.
+  // A nibble counts with its value, up to 15; no lane runs over.
+  static constexpr uint64_t valueOf8Nibbles(uint32_t word) {
+    word -= (word >> 4 & 0x0F0F0F0F) * (0x10 - 10);
+    word -= (word >> 8 & 0x00FF00FF) * (0x100 - 100);
+    return word - (word >> 16) * (0x10000 - 10000);
+  }
+  static constexpr uint64_t valueOf16Nibbles(uint64_t word) {
+    word -= (word >> 4 & 0x0F0F0F0F0F0F0F0F) * (0x10 - 10);
+    word -= (word >> 8 & 0x00FF00FF00FF00FF) * (0x100 - 100);
+    word -= (word >> 16 & 0x0000FFFF0000FFFF) * (0x10000 - 10000);
+    return word - (word >> 32) * (0x100000000 - 100000000);
+  }
   // Whether it says minus.
-  static bool parseSign(int nibble);
+  static bool parseSign(int nibble) {
+    constexpr int SIGNS = 1 << 0xC | 1 << 0xD | 1 << 0xF;
+    if ((SIGNS >> nibble & 1) == 0) raiseBadSign(nibble);
+    return nibble == 0xD;
+  }
 
+  // Takes bytes of a message for this record's own.
+  void adopt(tvstring const &message, Binary const &binary, int start, int end, UniversalInputRecord *enclosing);
   static int assertRange(tvstring const &message, Binary const &binary, int start, int length);
   void skipTag(tvstring const &tag, char const *kind);
   void skipTag(tvstring const &tag, tvstring const &separator, char const *kind);
+  [[noreturn]] TAVRONE_COLD static void raiseBadSign(int nibble);
   [[noreturn]] TAVRONE_COLD void raiseNotEnough(int n) const;
 
   int startPosition_ = 0;
