@@ -9,6 +9,7 @@
 #include "tavrone/core/Conversion.h"
 #include "tavrone/core/DigitText.h"
 #include "tavrone/core/Raise.h"
+#include "tavrone/core/TextBlock.h"
 
 namespace tavrone {
 namespace {
@@ -34,6 +35,23 @@ Unsigned swapBytes(Unsigned value) {
 
 bool beginsWith(tvstring const &value, tvstring const &text) {
   return value.length() >= text.length() && tvstring::equals(value.data(), text.data(), text.length());
+}
+
+bool isBreak(char c) {
+  return c == '\r' || c == '\n';
+}
+
+// The first break in [from, to), or the larger of both.
+int findBreak(char const *bytes, int from, int to) {
+  constexpr int STEP = BLOCK;
+  for (; to - from >= STEP; from += STEP) {
+    __m128i const block = loadBlock(bytes + from);
+    __m128i const breaks =
+        _mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8('\r')), _mm_cmpeq_epi8(block, _mm_set1_epi8('\n')));
+    if (unsigned const hits = highBits(breaks)) return from + std::countr_zero(hits);
+  }
+  while (from < to && !isBreak(bytes[from])) ++from;
+  return from;
 }
 
 std::string_view viewOf(tvstring const &text) {
@@ -329,20 +347,19 @@ void UniversalInputRecord::assertCompleted(tvstring const &sectionName) const {
 
 std::pair<int, int> UniversalInputRecord::getLineOffsetAt(int position) {
   if (position < 1) return {0, position};
-  auto const isBreak = [this](int index) { return rawBytes_[index] == '\r' || rawBytes_[index] == '\n'; };
   LineScan &scan = lineScan_;
   if (position < scan.index) scan = LineScan();
   // Whether a CR takes the next byte along depends on the position only for the last byte before it: what comes earlier
   // is settled for later positions too.
   int const size = static_cast<int>(std::min(binary_.size(), static_cast<size_t>(INT_MAX)));
   int const last = position - 1;
-  for (int const end = std::min(last, size); scan.index < end; ++scan.index) {
-    if (!isBreak(scan.index)) continue;
+  int const end = std::min(last, size);
+  while ((scan.index = findBreak(rawBytes_, scan.index, end)) < end) {
     ++scan.line;
     scan.lastBreak = scan.index;
-    if (rawBytes_[scan.index] == '\r') ++scan.index;
+    scan.index += rawBytes_[scan.index] == '\r' ? 2 : 1;
   }
-  if (scan.index == last && last < size && isBreak(last)) return {scan.line + 1, 1};
+  if (scan.index == last && last < size && isBreak(rawBytes_[last])) return {scan.line + 1, 1};
   return {scan.line, position - scan.lastBreak};
 }
 

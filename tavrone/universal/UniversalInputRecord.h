@@ -269,10 +269,10 @@ class TAVRONE_API UniversalInputRecord : public UniversalRecord {
   // read together with what stands before them.
   long long getPacked(int digits, int maxDigits, long long max) {
     constexpr int WORD_DIGITS = 15;
+    if (digits < 0 || digits > WORD_DIGITS || digits >= maxDigits) return getAnyPacked(digits, maxDigits, max);
     int const length = (digits + 2) / 2;
+    if (length > remaining() || currentPosition_ < WORD) return getAnyPacked(digits, maxDigits, max);
     int const end = currentPosition_ + length;
-    if (digits < 0 || digits > WORD_DIGITS || digits >= maxDigits || length > remaining() || end < WORD)
-      return getAnyPacked(digits, maxDigits, max);
     previousPosition_ = currentPosition_;
     onField();  // keeps the two stores apart, as in getString
     currentPosition_ = end;
