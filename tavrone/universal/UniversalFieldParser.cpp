@@ -23,7 +23,7 @@ bool UniversalFieldParser::parseBoolean(tvstring const &value, tvstring const &t
 }
 
 // The result refers to `room` where the text is short enough for it.
-tvstring UniversalFieldParser::fixDecimal(tvstring const &value, char point, FixedText &room) {
+tvstring UniversalFieldParser::fixDecimal(tvstring const &value, char point, NumberText &room) {
   if (point == '.') return value;
   if (value.find('.') != tvstring::npos)
     raise<TransformException>("Unexpected '.' character while parsing floating point field", SOURCE);
@@ -35,13 +35,13 @@ tvstring UniversalFieldParser::fixDecimal(tvstring const &value, char point, Fix
 
 double UniversalFieldParser::parseDouble(tvstring const &value, char point) {
   if (point == '.') return Parsing::parseDouble(value);
-  FixedText room;
+  NumberText room;
   return Parsing::parseDouble(fixDecimal(value, point, room));
 }
 
 double UniversalFieldParser::parseDouble(tvstring const &value, int integerDigits, int fractionDigits, char point) {
   if (point == '\0') return parseImpliedDouble(value, integerDigits, fractionDigits);
-  FixedText room;
+  NumberText room;
   tvstring const fixed = fixDecimal(value, point, room);
   size_t const index = fixed.find('.');
   if (index == tvstring::npos || integerDigits < 0 || index != static_cast<size_t>(integerDigits))

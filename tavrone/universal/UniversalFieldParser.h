@@ -35,9 +35,9 @@ class TAVRONE_API UniversalFieldParser {
   static double parseImpliedDouble(tvstring const &value, int integerDigits, int fractionDigits);
 
  private:
-  using FixedText = std::array<char, 64>;  // so that only a longer number allocates
+  using NumberText = std::array<char, 64>;  // so that only a longer number allocates
 
-  static tvstring fixDecimal(tvstring const &value, char point, FixedText &room);
+  static tvstring fixDecimal(tvstring const &value, char point, NumberText &room);
 };
 
 }  // namespace tavrone
