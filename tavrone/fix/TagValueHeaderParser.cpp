@@ -26,12 +26,12 @@ TokenKind kindOf(char const *token, char const *end) {
 }
 
 // How many bytes the header takes: through its last field, or through the token that breaks it. The field behind it may
-// be huge and is looked at only as far as its tag reaches.
+// be huge and is looked at only as far as its tag reaches. The message's last byte belongs to no token.
 template <class Header>
 std::size_t headerLength(char const *bytes, char const *end) {
   constexpr std::ptrdiff_t TAG_ROOM = 12;
   for (char const *at = bytes; at != end;) {
-    if (kindOf<Header>(at, at + std::min(TAG_ROOM, end - at)) == TokenKind::OF_BODY)
+    if (kindOf<Header>(at, at + std::min(TAG_ROOM, end - 1 - at)) == TokenKind::OF_BODY)
       return static_cast<std::size_t>(at - bytes);
     char const *tokenEnd = findByte(at, end, SOH);
     if (tokenEnd == nullptr) break;

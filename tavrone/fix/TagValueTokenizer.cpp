@@ -9,14 +9,30 @@
 
 namespace tavrone {
 
-// The quick form takes what stands before '=' as digits, so no delimiter may be one of those. A message longer than an
-// int counts is read as far as an int reaches; assertEmpty tells that there is more.
+// A message longer than an int counts is read as far as an int reaches; assertEmpty tells that there is more.
 template <class Format>
 void TagValueTokenizer<Format>::init() {
   length_ = static_cast<int>(std::min(message_.length(), size_t{std::numeric_limits<int>::max()}));
   delimiters_.fill(delimiter_);
+  findGlanceEnd();
+}
+
+// What stands before '=' is taken for digits, so no delimiter may be one of those.
+template <class Format>
+void TagValueTokenizer<Format>::findGlanceEnd() {
   bool const isPartOfTags = (delimiter_ >= '0' && delimiter_ <= '9') || delimiter_ == '=';
   glanceEnd_ = isPartOfTags ? 0 : length_ - GLANCE + 1;
+}
+
+// A usual field among the last bytes: those are read as a whole, and what stands before the field shifted out.
+template <class Format>
+bool TagValueTokenizer<Format>::takeLast(TagValuePair &pair) {
+  if (glanceEnd_ <= 0 || currentIndex_ < glanceEnd_) return false;
+  int const glance = length_ - GLANCE;
+  int const look = std::min(currentIndex_, length_ - 8);
+  char const *const text = message_.data();
+  unsigned const ends = (matches(text + glance) | matches(text + glance + 16) << 16) >> (currentIndex_ - glance);
+  return takeUsual(pair, ends, load8(text + look) >> (8 * (currentIndex_ - look)));
 }
 
 template <class Format>
@@ -67,10 +83,11 @@ bool TagValueTokenizer<Format>::nextOfAnyForm(TagValuePair &pair) {
   if (hasPushedBack_) {
     pair = pushedBack_;
     hasPushedBack_ = false;
+    findGlanceEnd();
     return true;
   }
   if (!hasMoreTokens()) return false;
-  split(nextToken(), pair);
+  if (!takeLast(pair)) split(nextToken(), pair);
   return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <emmintrin.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 
@@ -46,6 +47,7 @@ class TAVRONE_API TagValueTokenizer {
   void pushBack(TagValuePair const &pair) {
     pushedBack_ = pair;
     hasPushedBack_ = true;
+    glanceEnd_ = 0;
   }
 
   // Raises "Unexpected tag <tag>" if a field is left, which next() still gives.
@@ -70,9 +72,15 @@ class TAVRONE_API TagValueTokenizer {
   bool nextOfAnyForm(TagValuePair &pair);
   void split(tvstring const &token, TagValuePair &pair) const;
 
-  static unsigned matches(char const *sixteen, __m128i bytes) {
+  // Takes a field of the usual form, given where in the next bytes a delimiter stands, a bit for each, and the first
+  // eight bytes; false for any other.
+  bool takeUsual(TagValuePair &pair, unsigned ends, uint64_t word);
+  bool takeLast(TagValuePair &pair);
+  void findGlanceEnd();
+  unsigned matches(char const *sixteen) const {
     __m128i const text = _mm_loadu_si128(reinterpret_cast<__m128i const *>(sixteen));
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(text, bytes)));
+    __m128i const delimiters = _mm_loadu_si128(reinterpret_cast<__m128i const *>(delimiters_.data()));
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(text, delimiters)));
   }
 
   int currentIndex_ = 0;
@@ -83,33 +91,35 @@ class TAVRONE_API TagValueTokenizer {
   TagValuePair pushedBack_;
   bool hasPushedBack_ = false;
 
-  int glanceEnd_ = 0;  // before it, GLANCE bytes can be read and a tag cannot hold a delimiter
+  int glanceEnd_ = 0;  // before it, GLANCE bytes can be read; 0 where a glance is not enough
   std::array<char, 16> delimiters_;
 };
 
 // A field in the usual form takes one look at 32 bytes: the delimiter's place comes from a comparison of all of them,
-// and the tag from the first eight as a word, whose digits are counted and multiplied out together. All else, and what
-// stands near the message's end, goes the long way.
+// and the tag from the first eight as a word, whose digits are counted and multiplied out together, so that there is no
+// branch to predict. All else goes the long way.
 template <class Format>
 inline bool TagValueTokenizer<Format>::next(TagValuePair &pair) {
+  if (currentIndex_ >= glanceEnd_) return nextOfAnyForm(pair);
+  char const *const at = message_.data() + currentIndex_;
+  return takeUsual(pair, matches(at) | matches(at + 16) << 16, load8(at)) || nextOfAnyForm(pair);
+}
+
+template <class Format>
+inline bool TagValueTokenizer<Format>::takeUsual(TagValuePair &pair, unsigned ends, uint64_t word) {
   constexpr uint64_t TENS_UP = 0x7676767676767676;  // lifts 10 and more to the high bit
   constexpr uint64_t HIGH = 0x8080808080808080;
-  if (currentIndex_ >= glanceEnd_ || hasPushedBack_) return nextOfAnyForm(pair);
-  char const *const at = message_.data() + currentIndex_;
-  __m128i const delimiters = _mm_loadu_si128(reinterpret_cast<__m128i const *>(delimiters_.data()));
-  unsigned const ends = matches(at, delimiters) | matches(at + 16, delimiters) << 16;
-  uint64_t const digits = load8(at) ^ ASCII_ZEROS;
+  uint64_t const digits = word ^ ASCII_ZEROS;
   uint64_t const others = ((digits + TENS_UP) | digits) & HIGH;
-  int const bits = std::countr_zero(others) & 0x78;
-  bool const isUsual =
-      ends != 0 && static_cast<unsigned>(bits) - 8 < 56 && (digits >> bits & 0xFF) == static_cast<unsigned>('=' ^ '0');
-  if (!isUsual) return nextOfAnyForm(pair);
-  int const end = std::countr_zero(ends);
-  int const valueStart = bits / 8 + 1;
-  pair.tag = static_cast<int>(valueOfDigits8(digits << (64 - bits)));
-  message_.substr(static_cast<size_t>(currentIndex_ + valueStart), static_cast<size_t>(end - valueStart), pair.value);
+  if (ends == 0 || others == 0) return false;
+  unsigned const tagBits = static_cast<unsigned>(std::countr_zero(others)) & 0x38;
+  size_t const tagEnd = static_cast<size_t>(currentIndex_) + tagBits / 8;
+  if (tagBits == 0 || message_[tagEnd] != '=') return false;
+  pair.tag = static_cast<int>(valueOfDigits8(digits << (64 - tagBits)));
+  size_t const end = static_cast<size_t>(currentIndex_) + static_cast<unsigned>(std::countr_zero(ends));
+  message_.substr(tagEnd + 1, end - tagEnd - 1, pair.value);
   tokenStart_ = currentIndex_;
-  currentIndex_ += end + 1;
+  currentIndex_ = static_cast<int>(end) + 1;
   return true;
 }
 
