@@ -1,6 +1,9 @@
 #include "tavrone/fix/TagValueTokenizer.h"
 
+#include <emmintrin.h>
+
 #include <algorithm>
+#include <array>
 #include <limits>
 
 #include "tavrone/core/Raise.h"
@@ -9,50 +12,66 @@
 
 namespace tavrone {
 
+namespace {
+
+// A bit for each of the 64 bytes that is c.
+uint64_t matchesOf64(char const *bytes, char c) {
+  __m128i const wanted = _mm_set1_epi8(c);
+  uint64_t matches = 0;
+  for (int i = 48; i >= 0; i -= 16) {
+    __m128i const text = _mm_loadu_si128(reinterpret_cast<__m128i const *>(bytes + i));
+    matches = matches << 16 | static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(text, wanted)));
+  }
+  return matches;
+}
+
+}  // namespace
+
 // A message longer than an int counts is read as far as an int reaches; assertEmpty tells that there is more.
 template <class Format>
 void TagValueTokenizer<Format>::init() {
   length_ = static_cast<int>(std::min(message_.length(), size_t{std::numeric_limits<int>::max()}));
-  delimiters_.fill(delimiter_);
-  findGlanceEnd();
+  // A tag that may hold the delimiter is not read as a word.
+  bool const isUsual = delimiter_ != '=' && (delimiter_ < '0' || delimiter_ > '9');
+  wordsEnd_ = isUsual ? length_ - WORD + 1 : std::numeric_limits<int>::min();
+  forgetEnds();
 }
 
-// What stands before '=' is taken for digits, so no delimiter may be one of those.
+// The last bytes are looked at together with what stands before them, which is shifted out.
 template <class Format>
-void TagValueTokenizer<Format>::findGlanceEnd() {
-  bool const isPartOfTags = (delimiter_ >= '0' && delimiter_ <= '9') || delimiter_ == '=';
-  glanceEnd_ = isPartOfTags ? 0 : length_ - GLANCE + 1;
-}
-
-// A usual field among the last bytes: those are read as a whole, and what stands before the field shifted out.
-template <class Format>
-bool TagValueTokenizer<Format>::takeLast(TagValuePair &pair) {
-  if (glanceEnd_ <= 0 || currentIndex_ < glanceEnd_) return false;
-  int const glance = length_ - GLANCE;
-  int const look = std::min(currentIndex_, length_ - 8);
+uint64_t TagValueTokenizer<Format>::endsFrom(int index) const {
   char const *const text = message_.data();
-  unsigned const ends = (matches(text + glance) | matches(text + glance + 16) << 16) >> (currentIndex_ - glance);
-  return takeUsual(pair, ends, load8(text + look) >> (8 * (currentIndex_ - look)));
+  int const rest = length_ - index;
+  if (rest >= BLOCK) return matchesOf64(text + index, delimiter_);
+  if (length_ >= BLOCK) return matchesOf64(text + length_ - BLOCK, delimiter_) >> (BLOCK - rest);
+  std::array<char, BLOCK> padded{};
+  std::copy_n(text + index, rest, padded.begin());
+  return matchesOf64(padded.data(), delimiter_) & ~uint64_t{0} >> (BLOCK - rest);
 }
 
 template <class Format>
-tvstring TagValueTokenizer<Format>::nextToken() {
+void TagValueTokenizer<Format>::findEnds() {
+  while (ends_ == 0 && block_ < length_ - BLOCK) {
+    block_ += BLOCK;
+    ends_ = endsFrom(block_);
+  }
+}
+
+template <class Format>
+std::string_view TagValueTokenizer<Format>::nextToken() {
   tokenStart_ = currentIndex_;
-  size_t const start = static_cast<size_t>(tokenStart_);
-  size_t const rest = static_cast<size_t>(length_) - start;
-  void const *hit = std::memchr(message_.data() + start, delimiter_, rest);
+  findEnds();
   // Without a delimiter the last byte goes in its place.
-  size_t const end =
-      hit == nullptr ? rest - 1 : static_cast<size_t>(static_cast<char const *>(hit) - (message_.data() + start));
-  currentIndex_ += static_cast<int>(end) + 1;
-  return message_.substr(start, end);
+  int const end = ends_ == 0 ? length_ - 1 : block_ + std::countr_zero(ends_);
+  ends_ &= ends_ - 1;
+  currentIndex_ = end + 1;
+  return {message_.data() + tokenStart_, static_cast<size_t>(end - tokenStart_)};
 }
 
 template <class Format>
-tvstring TagValueTokenizer<Format>::nextToken(int n) {
-  size_t const start = static_cast<size_t>(currentIndex_);
+std::string_view TagValueTokenizer<Format>::nextToken(int n) {
   size_t const length = static_cast<size_t>(length_);
-  size_t const equals = message_.find('=', start);
+  size_t const equals = message_.find('=', static_cast<size_t>(currentIndex_));
   size_t const valueStart = std::min(equals, length - 1) + 1;
   if (n < 0 || static_cast<size_t>(n) >= length - valueStart)
     raise<typename Format::ParsingException>("Unexpected end of input while looking for data",
@@ -65,17 +84,20 @@ tvstring TagValueTokenizer<Format>::nextToken(int n) {
         Format::TOKENIZER_SOURCE);
   tokenStart_ = currentIndex_;
   currentIndex_ = static_cast<int>(end) + 1;
-  return message_.substr(start, end - start);
+  forgetEnds();
+  return {message_.data() + tokenStart_, end - static_cast<size_t>(tokenStart_)};
 }
 
 template <class Format>
-void TagValueTokenizer<Format>::split(tvstring const &token, TagValuePair &pair) const {
+void TagValueTokenizer<Format>::split(std::string_view token, TagValuePair &pair) const {
   size_t const equals = token.find('=');
-  if (equals == tvstring::npos)
+  if (equals == std::string_view::npos)
     raise<typename Format::ParsingException>(
-        "'Name or value' can't be empty. Unable to parse tag=value of form " + token, Format::TOKENIZER_SOURCE);
+        "'Name or value' can't be empty. Unable to parse tag=value of form " + tvstring(token.data(), token.size()),
+        Format::TOKENIZER_SOURCE);
   pair.tag = t_atoi(token.data(), token.data() + equals);
-  token.substr(equals + 1, pair.value);
+  size_t const start = static_cast<size_t>(tokenStart_);
+  message_.substr(start + equals + 1, token.size() - equals - 1, pair.value);
 }
 
 template <class Format>
@@ -83,11 +105,15 @@ bool TagValueTokenizer<Format>::nextOfAnyForm(TagValuePair &pair) {
   if (hasPushedBack_) {
     pair = pushedBack_;
     hasPushedBack_ = false;
-    findGlanceEnd();
     return true;
   }
   if (!hasMoreTokens()) return false;
-  if (!takeLast(pair)) split(nextToken(), pair);
+  findEnds();
+  if (ends_ != 0 && wordsEnd_ > 0) {
+    int const look = std::min(currentIndex_, wordsEnd_ - 1);
+    if (takeUsual(pair, load8(message_.data() + look) >> (8 * (currentIndex_ - look)))) return true;
+  }
+  split(nextToken(), pair);
   return true;
 }
 

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <emmintrin.h>
-
-#include <algorithm>
-#include <array>
 #include <bit>
+#include <string_view>
 
 #include "tavrone/core/DigitText.h"
 #include "tavrone/core/Parsing.h"
@@ -47,7 +44,7 @@ class TAVRONE_API TagValueTokenizer {
   void pushBack(TagValuePair const &pair) {
     pushedBack_ = pair;
     hasPushedBack_ = true;
-    glanceEnd_ = 0;
+    forgetEnds();
   }
 
   // Raises "Unexpected tag <tag>" if a field is left, which next() still gives.
@@ -60,27 +57,30 @@ class TAVRONE_API TagValueTokenizer {
   int getNextTokenIndex() const { return hasPushedBack_ ? getTokenIndex(pushedBack_) : currentIndex_; }
 
  private:
-  // A field of at most this many bytes is found at one glance.
-  static constexpr int GLANCE = 32;
+  static constexpr int BLOCK = 64;
+  static constexpr int WORD = 8;
 
   void init();
   bool hasMoreTokens() const { return currentIndex_ < length_; }
   // The text up to the next delimiter, and the text through n bytes behind the next '='.
-  tvstring nextToken();
-  tvstring nextToken(int n);
+  std::string_view nextToken();
+  std::string_view nextToken(int n);
+  void split(std::string_view token, TagValuePair &pair) const;
+
   // Any field, handed back or not.
   bool nextOfAnyForm(TagValuePair &pair);
-  void split(tvstring const &token, TagValuePair &pair) const;
+  // Takes the next field, whose first eight bytes are `word`, if it has the usual form: digits and '=' among those.
+  // REQUIRES: ends_ != 0
+  bool takeUsual(TagValuePair &pair, uint64_t word);
 
-  // Takes a field of the usual form, given where in the next bytes a delimiter stands, a bit for each, and the first
-  // eight bytes; false for any other.
-  bool takeUsual(TagValuePair &pair, unsigned ends, uint64_t word);
-  bool takeLast(TagValuePair &pair);
-  void findGlanceEnd();
-  unsigned matches(char const *sixteen) const {
-    __m128i const text = _mm_loadu_si128(reinterpret_cast<__m128i const *>(sixteen));
-    __m128i const delimiters = _mm_loadu_si128(reinterpret_cast<__m128i const *>(delimiters_.data()));
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(text, delimiters)));
+  // The block moves on until it holds a delimiter, or to the message's end.
+  void findEnds();
+  // The bytes from an index on: a bit for each delimiter among the first 64.
+  uint64_t endsFrom(int index) const;
+  // The next block begins with the next byte to read.
+  void forgetEnds() {
+    block_ = currentIndex_ - BLOCK;
+    ends_ = 0;
   }
 
   int currentIndex_ = 0;
@@ -91,32 +91,33 @@ class TAVRONE_API TagValueTokenizer {
   TagValuePair pushedBack_;
   bool hasPushedBack_ = false;
 
-  int glanceEnd_ = 0;  // before it, GLANCE bytes can be read; 0 where a glance is not enough
-  std::array<char, 16> delimiters_;
+  int wordsEnd_ = 0;   // before it, eight bytes can be read
+  int block_ = 0;      // where the block begins that ends_ tells of
+  uint64_t ends_ = 0;  // the delimiters of the block that are not yet behind; 0 while a field is handed back
 };
 
-// A field in the usual form takes one look at 32 bytes: the delimiter's place comes from a comparison of all of them,
-// and the tag from the first eight as a word, whose digits are counted and multiplied out together, so that there is no
-// branch to predict. All else goes the long way.
+// The delimiters of 64 bytes are found at once, and each field takes the next one, so that its end does not wait for
+// the field before. The tag is read from the first eight bytes as a word, whose digits are counted and multiplied out
+// together. All else goes the long way.
 template <class Format>
 inline bool TagValueTokenizer<Format>::next(TagValuePair &pair) {
-  if (currentIndex_ >= glanceEnd_) return nextOfAnyForm(pair);
-  char const *const at = message_.data() + currentIndex_;
-  return takeUsual(pair, matches(at) | matches(at + 16) << 16, load8(at)) || nextOfAnyForm(pair);
+  if (ends_ == 0 || currentIndex_ >= wordsEnd_) return nextOfAnyForm(pair);
+  return takeUsual(pair, load8(message_.data() + currentIndex_)) || nextOfAnyForm(pair);
 }
 
 template <class Format>
-inline bool TagValueTokenizer<Format>::takeUsual(TagValuePair &pair, unsigned ends, uint64_t word) {
+inline bool TagValueTokenizer<Format>::takeUsual(TagValuePair &pair, uint64_t word) {
   constexpr uint64_t TENS_UP = 0x7676767676767676;  // lifts 10 and more to the high bit
   constexpr uint64_t HIGH = 0x8080808080808080;
   uint64_t const digits = word ^ ASCII_ZEROS;
   uint64_t const others = ((digits + TENS_UP) | digits) & HIGH;
-  if (ends == 0 || others == 0) return false;
+  if (others == 0) return false;
   unsigned const tagBits = static_cast<unsigned>(std::countr_zero(others)) & 0x38;
   size_t const tagEnd = static_cast<size_t>(currentIndex_) + tagBits / 8;
   if (tagBits == 0 || message_[tagEnd] != '=') return false;
   pair.tag = static_cast<int>(valueOfDigits8(digits << (64 - tagBits)));
-  size_t const end = static_cast<size_t>(currentIndex_) + static_cast<unsigned>(std::countr_zero(ends));
+  size_t const end = static_cast<size_t>(block_ + std::countr_zero(ends_));
+  ends_ &= ends_ - 1;
   message_.substr(tagEnd + 1, end - tagEnd - 1, pair.value);
   tokenStart_ = currentIndex_;
   currentIndex_ = static_cast<int>(end) + 1;
