@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "benchmarks/QuickFIXPeer.h"
+#include "benchmarks/peers/QuickFIXPeer.h"
 #include "tavrone/fix/FIXMessageIdentifier.h"
 #include "tavrone/fix/FIXTokenizer.h"
 #include "tavrone/pipeline/InputSources.h"

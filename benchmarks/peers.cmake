@@ -1,7 +1,7 @@
 # The libraries that single benchmarks measure beside, one line each:
 #   peer(XMLBenchmark libpugixml-dev pugixml.hpp pugixml)
 peer(FIXBenchmark libquickfix-dev quickfix/Message.h quickfix)
-older(FIXBenchmark QuickFIXPeer.cpp)
+older(FIXBenchmark peers/QuickFIXPeer.cpp)
 peer(StorageBenchmark libpugixml-dev pugixml.hpp pugixml)
 peer(StorageBenchmark libprotobuf-dev google/protobuf/message.h protobuf)
 proto(StorageBenchmark Order.proto)

@@ -1,4 +1,4 @@
-#include "benchmarks/QuickFIXPeer.h"
+#include "benchmarks/peers/QuickFIXPeer.h"
 
 #include <quickfix/DataDictionary.h>
 #include <quickfix/Message.h>
