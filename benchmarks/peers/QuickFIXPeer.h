@@ -13,6 +13,9 @@ class QuickFIXPeer {
   // dictionary that knows them.
   int readFields(std::string const &text, bool hasRawData);
 
+  // A NewOrderSingle read with a dictionary, and its fields by typed getters; the sum of what is a number.
+  double readOrder(std::string const &text);
+
  private:
   struct State;
   std::unique_ptr<State> state_;

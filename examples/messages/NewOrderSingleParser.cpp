@@ -1,5 +1,7 @@
 #include "examples/messages/NewOrderSingleParser.h"
 
+#include <typeinfo>
+
 namespace examples {
 
 namespace {
@@ -33,23 +35,26 @@ enum Tag {
   NO_PARTY_IDS = 453
 };
 
-void convert(tvstring const &text, tvstring &value) {
-  value = text;
+template <class Value>
+decltype(auto) convert(tvstring const &text) {
+  if constexpr (std::is_same_v<Value, tvstring>)
+    return (text);
+  else if constexpr (std::is_same_v<Value, Binary>)
+    return Binary(text);
+  else if constexpr (std::is_same_v<Value, int>)
+    return Parsing::parseInt(text);
+  else if constexpr (std::is_same_v<Value, char>)
+    return Parsing::parseChar(text);
+  else if constexpr (std::is_same_v<Value, double>)
+    return Parsing::parseDouble(text);
+  else
+    return FIXType::parseUTCTimestamp(text);
 }
-void convert(tvstring const &text, Binary &value) {
-  value = Binary(text);
-}
-void convert(tvstring const &text, int &value) {
-  value = Parsing::parseInt(text);
-}
-void convert(tvstring const &text, char &value) {
-  value = Parsing::parseChar(text);
-}
-void convert(tvstring const &text, double &value) {
-  value = Parsing::parseDouble(text);
-}
-void convert(tvstring const &text, DateTime &value) {
-  value = FIXType::parseUTCTimestamp(text);
+
+// The part if it is exactly a Part, which is told faster than by a cast.
+template <class Part>
+Part *partOf(DataObject *part) {
+  return part != nullptr && typeid(*part) == typeid(Part) ? static_cast<Part *>(part) : nullptr;
 }
 
 }  // namespace
@@ -57,8 +62,8 @@ void convert(tvstring const &text, DateTime &value) {
 NewOrderSingleParser::~NewOrderSingleParser() noexcept(false) = default;
 
 void NewOrderSingleParser::parse(ExternalObject *object, Binary const &bytes, TransformContext &) {
-  auto *header = dynamic_cast<FIXHeader *>(object->getHeader());
-  auto *order = dynamic_cast<NewOrderSingle *>(object->getData());
+  auto *header = partOf<FIXHeader>(object->getHeader());
+  auto *order = partOf<NewOrderSingle>(object->getData());
   if (header == nullptr || order == nullptr) {
     header = new FIXHeader;
     order = new NewOrderSingle;
@@ -92,9 +97,8 @@ void NewOrderSingleParser::parseMessage(FIXHeader &header, NewOrderSingle &order
 template <FixedText Name, class Type>
 void NewOrderSingleParser::store(Type &record, Pair const &pair) const {
   assertTagNew(&record, Type::template index<Name>, pair.tag);
-  std::remove_cvref_t<decltype(record.template get<Name>())> value;
-  convert(pair.value, value);
-  record.template set<Name>(std::move(value));
+  using Value = std::remove_cvref_t<decltype(record.template get<Name>())>;
+  record.template set<Name>(convert<Value>(pair.value));
 }
 
 bool NewOrderSingleParser::parseField(NewOrderSingle &order, Pair &pair, FIXTokenizer &tokens) const {

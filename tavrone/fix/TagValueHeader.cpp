@@ -195,10 +195,16 @@ bool TagValueHeader<Layout>::setTag(int tag, tvstring const &value) {
   auto const *row = TAGS<Layout>.find(tag);
   if (row == nullptr) return false;
   if (row->field == TagValueHeaderField::NO_FIELD) return true;
-  if (Layout::FIELDS[static_cast<std::size_t>(row->field)].isNumber)
+  std::size_t const index = static_cast<std::size_t>(row->field);
+  TagValueHeaderField const &field = Layout::FIELDS[index];
+  if (field.isNumber) {
     setNumber(row->field, Parsing::parseInt(value));
-  else
+  } else if (field.tailField != TagValueHeaderField::NO_FIELD) {
     setText(row->field, value);
+  } else {
+    texts_[SLOTS[index]] = value;
+    flags_[index] = true;
+  }
   return true;
 }
 

@@ -25,6 +25,17 @@ uint64_t matchesOf64(char const *bytes, char c) {
   return matches;
 }
 
+// The same for the bytes from an index on, as far as the text goes. Its last bytes are looked at together with what
+// stands before them, which is shifted out.
+uint64_t matchesFrom(char const *text, int length, int index, char c) {
+  int const rest = length - index;
+  if (rest >= 64) return matchesOf64(text + index, c);
+  if (length >= 64) return matchesOf64(text + length - 64, c) >> (64 - rest);
+  std::array<char, 64> padded{};
+  std::copy_n(text + index, rest, padded.begin());
+  return matchesOf64(padded.data(), c) & ~uint64_t{0} >> (64 - rest);
+}
+
 }  // namespace
 
 // A message longer than an int counts is read as far as an int reaches; assertEmpty tells that there is more.
@@ -37,23 +48,11 @@ void TagValueTokenizer<Format>::init() {
   forgetEnds();
 }
 
-// The last bytes are looked at together with what stands before them, which is shifted out.
-template <class Format>
-uint64_t TagValueTokenizer<Format>::endsFrom(int index) const {
-  char const *const text = message_.data();
-  int const rest = length_ - index;
-  if (rest >= BLOCK) return matchesOf64(text + index, delimiter_);
-  if (length_ >= BLOCK) return matchesOf64(text + length_ - BLOCK, delimiter_) >> (BLOCK - rest);
-  std::array<char, BLOCK> padded{};
-  std::copy_n(text + index, rest, padded.begin());
-  return matchesOf64(padded.data(), delimiter_) & ~uint64_t{0} >> (BLOCK - rest);
-}
-
 template <class Format>
 void TagValueTokenizer<Format>::findEnds() {
   while (ends_ == 0 && block_ < length_ - BLOCK) {
     block_ += BLOCK;
-    ends_ = endsFrom(block_);
+    ends_ = matchesFrom(message_.data(), length_, block_, delimiter_);
   }
 }
 

@@ -75,8 +75,6 @@ class TAVRONE_API TagValueTokenizer {
 
   // The block moves on until it holds a delimiter, or to the message's end.
   void findEnds();
-  // The bytes from an index on: a bit for each delimiter among the first 64.
-  uint64_t endsFrom(int index) const;
   // The next block begins with the next byte to read.
   void forgetEnds() {
     block_ = currentIndex_ - BLOCK;
