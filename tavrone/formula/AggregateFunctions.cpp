@@ -8,14 +8,14 @@
 #include <span>
 #include <vector>
 
-#include "tavrone/core/Conversion.h"
 #include "tavrone/core/Raise.h"
-#include "tavrone/dataobject/FieldWalk.h"
 #include "tavrone/dataobject/SectionHelper.h"
+#include "tavrone/formula/FieldReaders.h"
+#include "tavrone/formula/TextFunctions.h"
 
 // Every answer is put together from three steps. A Path leads to the collections at its end (walk). There one of the
-// simple workers goes over the elements (findElement) and asks each for a field (readField), which a declared record
-// shows where it stands and any other record hands out as a wrapper.
+// simple workers goes over the elements (findField) and has a reader look at each one's field: a declared record shows
+// it where it stands, any other hands out a wrapper.
 
 namespace tavrone {
 
@@ -25,110 +25,6 @@ constexpr char const *SOURCE = "cpp/formula/AggregateFunctions";
 
 bool isEmpty(DataObjectCollection const *collection) {
   return collection == nullptr || collection->getElementCount() == 0;
-}
-
-// Where a declared record keeps the field; null for a null field. Null too for other records and for a field that only
-// the accessors know, or that this element, being of another type than the first one, may not have.
-struct StoredField {
-  StoredField(DataObject &element, int index) {
-    if (!element.hasFieldOffsets()) return;
-    auto &record = static_cast<AbstractDataObject &>(element);
-    DataObjectMetaInfo const &type = *record.AbstractDataObject::getMetaInfo();
-    if (static_cast<unsigned>(index) >= static_cast<unsigned>(type.getFieldCount())) return;
-    place = type.getFieldPlaces()[static_cast<size_t>(index)];
-    isNull = !record.isNotNull(index);
-  }
-
-  FieldPlace place{FieldKind::OTHER, -1};
-  bool isNull = false;
-};
-
-// A field that only the accessors know; false for a null one.
-template <class Wrapped>
-[[gnu::noinline]] bool readWrapped(DataObject &element, int index, Wrapped const &wrapped) {
-  // What a generic record holds, not a clone of it.
-  if (isPlainGeneric(element)) return !element.isNull(index) && wrapped(*element.getFieldCheckNull(index));
-  SmartPtr<Object> const value(element.getField(index));
-  return !value.isNull() && wrapped(*value);
-}
-
-// What plain(KindTag, value) says of a declared record's value, or wrapped(Object const &) of any other; false for a
-// null field.
-template <class Plain, class Wrapped>
-bool readField(DataObject &element, int index, Plain const &plain, Wrapped const &wrapped) {
-  StoredField const field(element, index);
-  if (field.isNull) return false;
-  return withKind(field.place.kind, [&](auto kind) TAVRONE_INLINED {
-    constexpr FieldKind KIND = kind;
-    if constexpr (HasPlainValue<KIND>)
-      return plain(kind, storedValue<typename FieldOf<KIND>::Value>(element, field.place.offset));
-    else
-      return readWrapped(element, index, wrapped);
-  });
-}
-
-bool hasField(DataObject &element, int index) {
-  return readField(
-      element, index, [](auto, auto const &) { return true; }, [](Object const &) { return true; });
-}
-
-template <FieldKind Kind, class Value>
-bool hasText(Value const &value, tvstring const &text) {
-  char buffer[352];  // a double's
-  if constexpr (std::is_same_v<Value, tvstring>)
-    return value == text;
-  else if constexpr (std::is_same_v<Value, char>)
-    return text.length() == 1 && text[0] == value;
-  else if constexpr (std::is_same_v<Value, int>)
-    return text == intToString(value, buffer);
-  else if constexpr (std::is_same_v<Value, long long>)
-    return t_ltoa(value, buffer), text == buffer;
-  else if constexpr (std::is_same_v<Value, float>)
-    return text == floatToString(value, buffer);
-  else if constexpr (std::is_same_v<Value, double>)
-    return text == doubleToString(value, buffer);
-  else
-    return text == typename FieldOf<Kind>::Wrapper(value).toString();
-}
-
-struct HasFieldValue {
-  bool operator()(DataObject &element, int index) const {
-    return readField(
-        element, index, [&](auto kind, auto const &value) { return hasText<decltype(kind)::value>(value, text); },
-        [&](Object const &value) { return text == value.toString(); });
-  }
-
-  tvstring const &text;
-};
-
-// The field as a number of the asked type, if it is one.
-template <class Number>
-bool readNumber(DataObject &element, int index, Number &out) {
-  return readField(
-      element, index,
-      [&](auto kind, auto const &value) {
-        constexpr bool IS_NUMBER = std::is_base_of_v<NumberObject, typename FieldOf<decltype(kind)::value>::Wrapper>;
-        if constexpr (IS_NUMBER) out = convertNumber<Number>(value);
-        return IS_NUMBER;
-      },
-      [&](Object const &value) {
-        auto const *number = dynamic_cast<NumberObject const *>(&value);
-        if (number == nullptr) return false;
-        if constexpr (std::is_same_v<Number, int>)
-          out = number->getInt();
-        else
-          out = number->getDouble();
-        return true;
-      });
-}
-
-// Null for a null field. A section is never asked for before its flag: a generic record would make one.
-DataObjectSection *nestedSection(DataObject &element, int index) {
-  StoredField const field(element, index);
-  if (field.isNull) return nullptr;
-  if (field.place.kind == FieldKind::SECTION) return &storedValue<DataObjectSectionImpl>(element, field.place.offset);
-  if (index < element.getFieldCount() && element.isNull(index)) return nullptr;
-  return element.getSection(index);
 }
 
 bool hasElements(DataObject &element, int index) {
@@ -143,18 +39,6 @@ double orZero(DataObjectCollection const *collection, Call const &call) {
   } catch (LocalInitializationException const &) {
     return 0.0;
   }
-}
-
-// Blanks as TextFunctions::trim knows them: bytes from 128 up count as such too.
-tvstring trimmedLeft(tvstring const &text) {
-  size_t begin = 0;
-  while (begin < text.length() && static_cast<signed char>(text[begin]) <= ' ') ++begin;
-  return text.substr(begin);
-}
-tvstring trimmed(tvstring const &text) {
-  size_t end = text.length();
-  while (end > 0 && static_cast<signed char>(text[end - 1]) <= ' ') --end;
-  return trimmedLeft(text.substr(0, end));
 }
 
 template <class Better>
@@ -177,11 +61,9 @@ class AggregateFunctions::Step {
   // By the first element. -1 without one, and for an unknown name that is to be passed over.
   int indexIn(Collection collection) {
     if (isEmpty(collection)) return -1;
-    DataObject const &first = *collection->getElement(0);
-    if (!first.hasFieldOffsets()) return lookUp(collection);
     // Declared records of one type have the index in common.
-    DataObjectMetaInfo const *type = static_cast<AbstractDataObject const &>(first).AbstractDataObject::getMetaInfo();
-    if (type != type_) {
+    DataObjectMetaInfo const *const type = declaredType(*collection->getElement(0));
+    if (type == nullptr || type != type_) {
       index_ = lookUp(collection);
       type_ = type;
     }
@@ -198,29 +80,31 @@ class AggregateFunctions::Step {
       if (test(*collection->getElement(i), index)) return true;
     return false;
   }
-  template <class Test>
-  bool areAllElements(Collection collection, Test const &test) {
-    return !findElement(collection, [&](DataObject &element, int index) { return !test(element, index); });
+  // Goes over the field; true as soon as the reader says yes.
+  template <class Reader>
+  bool findField(Collection collection, Reader reader) {
+    return visitField(collection, reader, [](bool passes, int) { return passes; });
   }
-  template <class Visit>
-  void eachElement(Collection collection, Visit const &visit) {
-    findElement(collection, [&](DataObject &element, int index) {
-      visit(element, index);
+  template <class Reader>
+  bool areAllFields(Collection collection, Reader reader) {
+    return !visitField(collection, reader, [](bool passes, int) { return !passes; });
+  }
+  template <class Reader>
+  int countFields(Collection collection, Reader reader) {
+    int count = 0;
+    visitField(collection, reader, [&](bool passes, int) {
+      count += passes;
       return false;
     });
-  }
-  template <class Test>
-  int countElements(Collection collection, Test const &test) {
-    int count = 0;
-    eachElement(collection, [&](DataObject &element, int index) { count += test(element, index); });
     return count;
   }
   // Calls visit(number) for each field that is a number, read as the asked type.
   template <class Number, class Visit>
   void eachNumber(Collection collection, Visit const &visit) {
-    eachElement(collection, [&](DataObject &element, int index) {
-      Number number;
-      if (readNumber(element, index, number)) visit(number);
+    AnyNumber<Number> reader{};
+    visitField(collection, reader, [&](bool isNumber, int) {
+      if (isNumber) visit(reader.number);
+      return false;
     });
   }
   template <class Better>
@@ -236,6 +120,11 @@ class AggregateFunctions::Step {
   }
 
  private:
+  template <class Reader, class Visit>
+  bool visitField(Collection collection, Reader &reader, Visit const &visit) {
+    int const index = indexIn(collection);
+    return index >= 0 && tavrone::findField(*collection, index, reader, visit);
+  }
   int lookUp(Collection collection) const {
     if (unknown_ == FAILS) return SectionHelper::getFieldIndex(collection, name_);
     try {
@@ -260,7 +149,7 @@ class AggregateFunctions::Path {
   }
   // The sections of `path` in front of the name.
   Path(Text name, Text path) {
-    tvstring const sections = trimmed(path);
+    tvstring const sections = TextFunctions::trim(path);
     makeRoom(dotsIn(sections) + dotsIn(name) + 2);
     if (!sections.empty()) add(sections, Step::FAILS, true);
     add(name, Step::FAILS, false);
@@ -325,7 +214,7 @@ class AggregateFunctions::Path {
       steps_[used_++].setName(rest.substr(0, dot), unknown);
       rest = rest.substr(dot + 1);
       if (!areSections) continue;
-      rest = trimmedLeft(rest);
+      rest = TextFunctions::trimLeft(rest);
       if (rest.empty()) return;
     }
     steps_[used_++].setName(rest, unknown);
@@ -349,34 +238,36 @@ class AggregateFunctions::Path {
 // One level.
 
 int AggregateFunctions::simpleFieldCount(Collection collection, Step &field) {
-  return field.countElements(collection, hasField);
+  return field.countFields(collection, AnyValue());
 }
 int AggregateFunctions::simpleFieldValueCount(Collection collection, Step &field, Text value) {
-  return field.countElements(collection, HasFieldValue{value});
+  return field.countFields(collection, EqualText{value});
 }
 bool AggregateFunctions::simpleCheckFieldExistence(Collection collection, Step &field) {
-  return field.findElement(collection, hasField);
+  return field.findField(collection, AnyValue());
 }
 bool AggregateFunctions::simpleCheckFieldExistenceInAll(Collection collection, Step &field) {
-  return field.areAllElements(collection, hasField);
+  return field.areAllFields(collection, AnyValue());
 }
 bool AggregateFunctions::simpleCheckFieldValueExistence(Collection collection, Step &field, Text value) {
-  return field.findElement(collection, HasFieldValue{value});
+  return field.findField(collection, EqualText{value});
 }
 bool AggregateFunctions::simpleCheckFieldValueExistenceInAll(Collection collection, Step &field, Text value) {
-  return field.areAllElements(collection, HasFieldValue{value});
+  return field.areAllFields(collection, EqualText{value});
 }
 bool AggregateFunctions::simpleCheckSecExistence(Collection collection, Step &section) {
   return section.findElement(collection, hasElements);
 }
 bool AggregateFunctions::simpleCheckSecExistenceInAll(Collection collection, Step &section) {
-  return section.areAllElements(collection, hasElements);
+  return !section.findElement(collection, std::not_fn(hasElements));
 }
 
 int AggregateFunctions::simpleSecCount(Collection collection, Step &section) {
   long long count = 0;
-  section.eachElement(collection,
-                      [&](DataObject &element, int index) { count += secCount(nestedSection(element, index)); });
+  section.findElement(collection, [&](DataObject &element, int index) {
+    count += secCount(nestedSection(element, index));
+    return false;
+  });
   return convertNumber<int>(count);
 }
 double AggregateFunctions::simpleSecSumDouble(Collection collection, Step &field) {
