@@ -107,6 +107,30 @@ struct AnyValue {
   bool wrapped(Object const &) const { return true; }
 };
 
+// The value's toString().
+template <FieldKind Kind, class Value>
+tvstring textOf(Value const &value) {
+  if constexpr (std::is_same_v<Value, tvstring>)
+    return value;
+  else
+    return typename FieldOf<Kind>::Wrapper(value).toString();
+}
+
+// Likes any value, and keeps its text.
+struct TextFrom {
+  template <class Kind, class Value>
+  bool plain(Kind, Value const &value) {
+    text = textOf<Kind::value>(value);
+    return true;
+  }
+  bool wrapped(Object const &value) {
+    text = value.toString();
+    return true;
+  }
+
+  tvstring text;
+};
+
 // Likes a value with this text, that of its toString().
 struct EqualText {
   template <class Kind, class Value>
@@ -125,7 +149,7 @@ struct EqualText {
     else if constexpr (std::is_same_v<Value, double>)
       return text == doubleToString(value, buffer);
     else
-      return text == typename FieldOf<Kind::value>::Wrapper(value).toString();
+      return text == textOf<Kind::value>(value);
   }
   bool wrapped(Object const &value) const { return text == value.toString(); }
 
