@@ -1,13 +1,10 @@
 #include "tavrone/formula/TextFunctions.h"
 
-#include <algorithm>
 #include <cctype>
-#include <climits>
-#include <new>
-#include <string_view>
 
 #include "tavrone/core/Conversion.h"
 #include "tavrone/core/Raise.h"
+#include "tavrone/formula/NewText.h"
 
 namespace tavrone {
 namespace {
@@ -21,32 +18,14 @@ char raised(char c) {
   return static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
 }
 
-std::string_view viewOf(tvstring const &text) {
-  return {text.data(), text.length()};
-}
 std::string_view viewOf(char const &c) {
   return {&c, 1};
-}
-
-// A new text of this length, which `write` writes, in an array that it fills: its c_str copies nothing.
-template <class Write>
-tvstring newText(size_t length, Write const &write) {
-  if (length == 0) return tvstring();
-  if (length > INT_MAX) throw std::bad_array_new_length();
-  tvstring text;
-  write(text.getBuffer(static_cast<int>(length)));
-  text.setBufferLength(static_cast<int>(length));
-  return text;
 }
 
 // Of two lengths.
 size_t product(size_t a, size_t b) {
   if (b != 0 && a > INT_MAX / b) throw std::bad_array_new_length();
   return a * b;
-}
-
-char *put(char *to, std::string_view part) {
-  return std::copy_n(part.data(), part.size(), to);
 }
 
 template <char (*Change)(char)>
@@ -150,8 +129,9 @@ tvstring padded(tvstring const &text, char pad, int width, bool before) {
   if (text.length() >= wanted) return text.substr(0, wanted);
   size_t const fill = wanted - text.length();
   return newText(wanted, [&](char *to) {
-    put(before ? to + fill : to, viewOf(text));
-    std::memset(before ? to : to + text.length(), pad, fill);
+    if (before) to = put(to, fill, pad);
+    to = put(to, viewOf(text));
+    if (!before) put(to, fill, pad);
   });
 }
 
