@@ -54,8 +54,9 @@ size_t readPlaces(std::string_view pattern, size_t at, Layout &layout) {
 
 // False if the pattern has no places; all of it is literal text then.
 bool readPattern(std::string_view pattern, Layout &layout) {
-  size_t start = pattern.find_first_of("#0");
-  if (start == std::string_view::npos) {
+  size_t start = 0;
+  while (start < pattern.size() && pattern[start] != '#' && pattern[start] != '0') ++start;
+  if (start == pattern.size()) {
     layout.before = pattern;
     return false;
   }
@@ -93,14 +94,18 @@ class Digits {
   std::string_view text_;
 };
 
-// The digits from the left, filled with zeros there, a comma in front of each group.
+// The digits with zeros in front of them up to a count, a comma in front of each group.
 char *putGrouped(char *to, std::string_view digits, size_t count, size_t group) {
-  if (group == 0) return put(put(to, count - digits.size(), '0'), digits);
-  for (size_t left = count; left != 0; --left) {
-    *to++ = left > digits.size() ? '0' : digits[digits.size() - left];
-    if (left > 1 && (left - 1) % group == 0) *to++ = ',';
+  size_t zeros = count - digits.size();
+  for (size_t size = group == 0 ? count : (count - 1) % group + 1;; size = group) {
+    size_t const filled = std::min(size, zeros);
+    to = put(put(to, filled, '0'), digits.substr(0, size - filled));
+    digits.remove_prefix(size - filled);
+    zeros -= filled;
+    count -= size;
+    if (count == 0) return to;
+    *to++ = ',';
   }
-  return to;
 }
 
 // REQUIRES: the number has no more fraction digits than the layout
@@ -116,7 +121,8 @@ tvstring write(BigDecimal const &value, Layout const &layout) {
   size_t const length =
       layout.before.size() + integers + commas + (fractions == 0 ? 0 : 1 + fractions) + layout.behind.size();
   return newText(length, [&](char *to) {
-    to = putGrouped(put(to, layout.before), whole, integers, group);
+    to = put(to, layout.before);
+    if (integers != 0) to = putGrouped(to, whole, integers, group);
     if (fractions != 0) {
       *to++ = '.';
       to = put(put(to, fraction), fractions - fraction.size(), '0');
@@ -197,15 +203,20 @@ tvstring FormatFunctions::toText(DateTime const &value) {
 }
 
 double FormatFunctions::parseNumber(tvstring const &text, char point, char grouping) {
+  bool plain = true;
+  for (char const c : viewOf(text)) {
+    if (isPartOfNumber(c) || (c == '.' && point == '.')) continue;
+    if (c != point && c != grouping) raise<TransformException>("Cannot convert '" + text + "' to double", SOURCE);
+    plain = false;
+  }
+  if (plain) return Parsing::parseDouble(text);
   tvstringbuffer number;
   number.reserve(text.length());
   for (char const c : viewOf(text)) {
-    if (c == point)
-      number.append('.');
-    else if (isPartOfNumber(c))
+    if (isPartOfNumber(c))
       number.append(c);
-    else if (c != grouping)
-      raise<TransformException>("Cannot convert '" + text + "' to double", SOURCE);
+    else if (c == point)
+      number.append('.');
   }
   return Parsing::parseDouble(number);
 }
