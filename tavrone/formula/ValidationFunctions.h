@@ -12,10 +12,9 @@ namespace tavrone {
 class TAVRONE_API ValidationFunctions {
  public:
   // low <= value <= high, for numbers, characters, dates and decimals; no range holds a double that is not a number.
-  template <class Value>
-  requires(!std::is_convertible_v<Value, tvstring>) static bool inRange(Value const &value,
-                                                                        std::type_identity_t<Value> const &low,
-                                                                        std::type_identity_t<Value> const &high) {
+  template <class Value, class Low, class High>
+  requires(!std::is_convertible_v<Value, tvstring>) static bool inRange(Value const &value, Low const &low,
+                                                                        High const &high) {
     return low <= value && value <= high;
   }
   static bool inRange(tvstring const &value, tvstring const &low, tvstring const &high) {

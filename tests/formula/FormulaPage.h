@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 
 #include "tavrone/tavrone.h"
@@ -59,8 +58,20 @@ inline std::string shown(Object const *value) {
   return value == nullptr ? "null" : shown(*value);
 }
 
+// Borrows what gives a row's result. Hundreds of rows compile sooner than with std::function.
+class Result {
+ public:
+  template <class Call>
+  Result(Call const &call) : call_(&call), run_([](void const *own) { return (*static_cast<Call const *>(own))(); }) {}
+  std::string operator()() const { return run_(call_); }
+
+ private:
+  void const *call_;
+  std::string (*run_)(void const *);
+};
+
 // A row of the page at this line, with the formula as it stands there.
-inline void expectRow(int line, char const *formula, char const *expected, std::function<std::string()> const &result) {
+inline void expectRow(int line, char const *formula, char const *expected, Result const &result) {
   std::string text;
   try {
     text = result();
