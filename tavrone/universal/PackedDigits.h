@@ -11,16 +11,24 @@ class PackedDigits {
   // Bytes that write() touches at most.
   static constexpr int ROOM = 16;
 
-  PackedDigits(uint64_t magnitude, bool negative)
-      : low_(sixteen(magnitude < TEN_TO_16 ? magnitude : magnitude % TEN_TO_16)),
-        high_(magnitude < TEN_TO_16 ? 0 : eight(magnitude / TEN_TO_16)),
-        sign_(negative ? 0xD : 0xC) {}
+  PackedDigits(uint64_t magnitude, bool negative) : sign_(negative ? 0xD : 0xC) {
+    if (magnitude < TEN_TO_8) {
+      low_ = eight(static_cast<uint32_t>(magnitude));
+    } else {
+      low_ = eight(static_cast<uint32_t>(magnitude % TEN_TO_8));
+      magnitude /= TEN_TO_8;
+      low_ |= eight(static_cast<uint32_t>(magnitude % TEN_TO_8)) << 32;
+      high_ = eight(static_cast<uint32_t>(magnitude / TEN_TO_8));
+    }
+  }
 
-  // The last `digits` digits and the sign, then a zero if the digits are even: whole bytes in all. Returns their end.
-  // REQUIRES: 0 <= digits <= 19
-  char *write(int digits, char *out) const {
+  // The bytes that so many digits, their sign and the zero that fills them up take.
+  static constexpr int bytesOf(int digits) { return digits / 2 + 1; }
+
+  // The last `digits` digits and the sign, then a zero if the digits are even. REQUIRES: 0 <= digits <= 19
+  void write(int digits, char *out) const {
     unsigned const shift = digits % 2 == 0 ? 8 : 4;
-    unsigned const bytes = static_cast<unsigned>(digits) / 2 + 1;
+    unsigned const bytes = static_cast<unsigned>(bytesOf(digits));
     uint64_t const low = low_ << shift | sign_ << (shift - 4);
     if (bytes <= 8) {
       storeBigEndian(low << (64 - 8 * bytes), out);
@@ -29,12 +37,10 @@ class PackedDigits {
       storeBigEndian(high << (128 - 8 * bytes), out);
       storeBigEndian(low, out + bytes - 8);
     }
-    return out + bytes;
   }
 
  private:
   static constexpr uint64_t TEN_TO_8 = 100000000;
-  static constexpr uint64_t TEN_TO_16 = TEN_TO_8 * TEN_TO_8;
 
   static void storeBigEndian(uint64_t word, char *out) {
     word = __builtin_bswap64(word);
@@ -42,8 +48,8 @@ class PackedDigits {
   }
 
   // Splits fours into twos into ones, each group in a lane that is wide enough for the multiplication that divides it.
-  static uint64_t eight(uint64_t value) {
-    uint64_t const fours = value % 10000 | value / 10000 << 32;
+  static uint64_t eight(uint32_t value) {
+    uint64_t const fours = value + (value / 10000) * (0x100000000 - 10000);
     uint64_t const hundreds = (fours * 10486) >> 20 & 0x0000007F0000007F;
     uint64_t const twos = fours + hundreds * (0x10000 - 100);
     uint64_t const tens = (twos * 103) >> 10 & 0x000F000F000F000F;
@@ -51,12 +57,8 @@ class PackedDigits {
     uint64_t const pairs = (packed | packed >> 8) & 0x0000FFFF0000FFFF;
     return (pairs | pairs >> 16) & 0x00000000FFFFFFFF;
   }
-  static uint64_t sixteen(uint64_t value) {
-    return value < TEN_TO_8 ? eight(value) : eight(value % TEN_TO_8) | eight(value / TEN_TO_8) << 32;
-  }
-
-  uint64_t low_;   // sixteen digits
-  uint64_t high_;  // what stands before them
+  uint64_t low_;       // sixteen digits
+  uint64_t high_ = 0;  // what stands before them
   uint64_t sign_;
 };
 

@@ -1,197 +1,16 @@
 #include "tavrone/universal/UniversalOutputRecord.h"
 
-#include <bit>
-#include <climits>
-#include <cmath>
-#include <concepts>
-#include <limits>
-#include <type_traits>
+#include <array>
 
 #include "tavrone/core/BinaryText.h"
-#include "tavrone/core/Conversion.h"
-#include "tavrone/core/DigitText.h"
-#include "tavrone/core/Raise.h"
+#include "tavrone/universal/FieldLayout.h"
 #include "tavrone/universal/PackedDigits.h"
-
-// Every field is first rendered as a text on the stack and checked; then it goes into the buffer at once, so that a
-// field that fails leaves nothing behind. A field of fixed width is laid down as fill alone, and its value written over
-// it.
 
 namespace tavrone {
 
 namespace {
 
-constexpr char const *SOURCE = "cpp/universal/UniversalOutputRecord";
-
-[[noreturn]] TAVRONE_COLD void raiseCannotRepresent(tvstring const &value, long long width, char const *unit) {
-  raise<TransformException>("Cannot represent '" + value + "' in " + dlongToString(width) + ' ' + unit, SOURCE);
-}
-[[noreturn]] TAVRONE_COLD void raisePackedOverflow() {
-  raise<TransformException>("Packed decimal overflow", SOURCE);
-}
-
-// Raises "Out of bounds" for more than a record can hold.
-int lengthOf(size_t n) {
-  if (n > INT_MAX) raise<TransformException>("Out of bounds", SOURCE);
-  return static_cast<int>(n);
-}
-
-}  // namespace
-
-// The text of one value, on the stack; a view where the value is a text itself.
-class FieldText {
- public:
-  explicit FieldText(tvstring const &text) : data_(text.data()), length_(text.length()) {}
-  explicit FieldText(char value) : data_(room_), length_(1) { room_[0] = value; }
-  template <class Number>
-  requires std::same_as<Number, int> || std::same_as<Number, long long>
-  explicit FieldText(Number value) : data_(room_), length_(static_cast<size_t>(writeNumber(value, room_) - room_)) {}
-  FieldText(double value, char point) : data_(room_), length_(static_cast<size_t>(writeNumber(value, room_) - room_)) {
-    if (void *dot = point == '.' ? nullptr : std::memchr(room_, '.', length_)) *static_cast<char *>(dot) = point;
-  }
-  FieldText(DateTime const &value, tvstring const &pattern)
-      : data_(room_), length_(value.asString(room_, LONGEST_DATE, pattern)) {}
-  template <std::derived_from<MAPM> Decimal>
-  explicit FieldText(Decimal const &value) : data_(room_) {
-    if (char const *end = value.writeFixed(room_, room_ + sizeof room_)) {
-      length_ = static_cast<size_t>(end - room_);
-    } else {
-      long_ = value.toString();
-      data_ = long_.data();
-      length_ = long_.length();
-    }
-  }
-  FieldText(FieldText const &) = delete;
-
-  char const *data() const { return data_; }
-  size_t size() const { return length_; }
-  int length() const { return lengthOf(length_); }
-  tvstring toString() const { return tvstring(data_, length_); }
-
- private:
-  static constexpr size_t LONGEST_DATE = 256;
-  static constexpr size_t LONGEST_NUMBER = 352;
-
-  char const *data_;
-  size_t length_;
-  tvstring long_;
-  char room_[LONGEST_NUMBER];
-};
-
-namespace {
-
-// The least value has no magnitude and stays negative.
-template <std::signed_integral T>
-constexpr T magnitudeOf(T value) {
-  using Unsigned = std::make_unsigned_t<T>;
-  return value < 0 ? static_cast<T>(Unsigned{0} - static_cast<Unsigned>(value)) : value;
-}
-
-// Append n characters; return where they stand. Nothing is appended for n below 1.
-char *appendFill(ByteBuffer &out, int n, char c) {
-  if (n <= 0) return out.str() + out.length();
-  out.ensureFree(n);
-  char *const place = out.str() + out.length();
-  std::memset(place, c, static_cast<size_t>(n));
-  out.chop(out.length() + n);
-  return place;
-}
-char *appendFill(tvstringbuffer &out, int n, char c) {
-  size_t const start = out.length();
-  out.append(n, c);
-  return &out[start];
-}
-
-// The digits of a field and its sign. REQUIRES: they fit, as checkWidth says
-template <class Buffer>
-void layOut(FieldText const &digits, bool negative, int width, bool rightAlign, char fill, Buffer &out) {
-  char *const field = appendFill(out, width, fill);
-  size_t const sign = negative ? 1 : 0;
-  size_t const free = static_cast<size_t>(width) - digits.size() - sign;
-  size_t const start = rightAlign ? free : 0;
-  if (negative) field[fill == '0' && rightAlign ? 0 : start] = '-';
-  std::memcpy(field + start + sign, digits.data(), digits.size());
-}
-
-void checkWidth(FieldText const &digits, bool negative, long long width) {
-  if (width < static_cast<long long>(digits.size() + (negative ? 1 : 0)))
-    raiseCannotRepresent(digits.toString(), width, "digits");
-}
-
-template <class Buffer>
-void appendPadded(FieldText const &digits, bool negative, int width, bool rightAlign, char fill, Buffer &out) {
-  checkWidth(digits, negative, width);
-  layOut(digits, negative, width, rightAlign, fill, out);
-}
-
-// A number's whole part and its fraction, which is rounded to places of its own and never carries into the whole part.
-class SplitDouble {
- public:
-  static constexpr int MOST_PLACES = 18;
-
-  // Raises "Cannot represent" where the whole part leaves 64 bits.
-  SplitDouble(double value, int width) : value_(value) {
-    if (!(value >= -LIMIT && value < LIMIT)) raiseCannotRepresent(doubleToString(value), width, "digits");
-    whole_ = static_cast<long long>(value);
-    fraction_ = std::fabs(value - static_cast<double>(whole_));
-  }
-
-  bool isNegative() const { return value_ < 0; }
-  long long magnitude() const { return magnitudeOf(whole_); }
-  bool hasFraction() const { return fraction_ != 0; }
-  // REQUIRES: 0 <= places <= MOST_PLACES
-  long long fraction(int places) const {
-    double const power = static_cast<double>(UniversalRecord::LONG_POWERS_OF_10[static_cast<size_t>(places)]);
-    return static_cast<long long>(std::floor(power * fraction_ + 0.5));
-  }
-
- private:
-  static constexpr double LIMIT = 9223372036854775808.0;  // 2^63
-
-  double value_;
-  long long whole_;
-  double fraction_;
-};
-
-// A number with a fixed count of places on both sides of the point, checked.
-class FixedDouble {
- public:
-  FixedDouble(double value, int integerDigits, int fractionDigits, char point)
-      : parts_(split(value, integerDigits, fractionDigits)),
-        whole_(parts_.magnitude()),
-        fraction_(parts_.fraction(fractionDigits)),
-        integerDigits_(integerDigits),
-        fractionDigits_(fractionDigits),
-        point_(point) {
-    checkWidth(whole_, parts_.isNegative(), integerDigits);
-    checkWidth(fraction_, false, fractionDigits);
-  }
-
-  int length() const {
-    return lengthOf(static_cast<size_t>(integerDigits_) + static_cast<size_t>(fractionDigits_) +
-                    (point_ != '\0' ? 1 : 0));
-  }
-  template <class Buffer>
-  void appendTo(Buffer &out, char fill) const {
-    layOut(whole_, parts_.isNegative(), integerDigits_, true, fill, out);
-    if (point_ != '\0') appendFill(out, 1, point_);
-    layOut(fraction_, false, fractionDigits_, true, '0', out);
-  }
-
- private:
-  static SplitDouble split(double value, int integerDigits, int fractionDigits) {
-    if (fractionDigits < 0 || fractionDigits > SplitDouble::MOST_PLACES)
-      raiseCannotRepresent(doubleToString(value), fractionDigits, "digits");
-    return SplitDouble(value, integerDigits);
-  }
-
-  SplitDouble parts_;
-  FieldText whole_;
-  FieldText fraction_;
-  int integerDigits_;
-  int fractionDigits_;
-  char point_;
-};
+constexpr char const *SOURCE = OUTPUT_SOURCE;
 
 }  // namespace
 
@@ -305,11 +124,14 @@ void UniversalOutputRecord::appendPaddedLong(long long magnitude, bool negative,
 }
 void UniversalOutputRecord::appendPaddedBigInt(BigInteger const &magnitude, bool negative, int width, bool rightAlign,
                                                char fill, ByteBuffer &out) {
-  appendPadded(FieldText(magnitude), negative, width, rightAlign, fill, out);
+  tvstring longText;
+  appendPadded(FieldText(magnitude, longText), negative, width, rightAlign, fill, out);
 }
 void UniversalOutputRecord::padLong(long long magnitude, bool negative, int width, bool rightAlign, char fill,
                                     tvstringbuffer &out) {
-  appendPadded(FieldText(magnitude), negative, width, rightAlign, fill, out);
+  ByteBuffer text;
+  appendPaddedLong(magnitude, negative, width, rightAlign, fill, text);
+  out.append(text.str(), static_cast<size_t>(text.length()));
 }
 
 void UniversalOutputRecord::appendString(tvstring const &value, int width, bool rightAlign, char fill, int terminator,
@@ -318,11 +140,13 @@ void UniversalOutputRecord::appendString(tvstring const &value, int width, bool 
   long long const textWidth = static_cast<long long>(width) - (terminated ? 1 : 0);
   long long const length = static_cast<long long>(value.length());
   if (length != 0 && length > textWidth) raiseCannotRepresent(value, textWidth, "characters");
-  int const places = static_cast<int>(textWidth < 0 ? 0 : textWidth);
-  char *const field = appendFill(out, terminated ? places + 1 : places, fill);
-  char *const start = field + (rightAlign || length == 0 ? places - length : 0);
-  if (length != 0) std::memcpy(start, value.data(), value.length());
-  if (terminated) start[length] = static_cast<char>(terminator);
+  size_t const free = textWidth > length ? static_cast<size_t>(textWidth - length) : 0;
+  bool const fillFirst = rightAlign || length == 0;
+  FieldRoom room(out, value.length() + free + 1);
+  if (fillFirst) room.fill(free, fill);
+  room.copy(value);
+  if (terminated) room.put(static_cast<char>(terminator));
+  if (!fillFirst) room.fill(free, fill);
 }
 
 void UniversalOutputRecord::appendDoubleValue(double value, int integerDigits, int fractionDigits, char point, bool,
@@ -331,39 +155,35 @@ void UniversalOutputRecord::appendDoubleValue(double value, int integerDigits, i
 }
 tvstring UniversalOutputRecord::getDoubleValue(double value, int integerDigits, int fractionDigits, char point, bool,
                                                char fill) {
-  tvstringbuffer text;
+  ByteBuffer text;
   FixedDouble(value, integerDigits, fractionDigits, point).appendTo(text, fill);
-  return text;
+  return text.toString();
 }
 
 void UniversalOutputRecord::appendDoubleValue(double value, int width, char point, bool, char fill, ByteBuffer &out) {
-  constexpr int LONGEST = 64;
   SplitDouble const parts(value, width);
   FieldText const whole(parts.magnitude());
-  char text[LONGEST];
-  char *end = text;
-  if (parts.isNegative()) *end++ = '-';
-  std::memcpy(end, whole.data(), whole.size());
-  end += whole.size();
-  if (parts.hasFraction()) {
-    *end++ = point;
-    long long const places = width - (end - text);
-    if (places <= 0 || places > SplitDouble::MOST_PLACES) raiseCannotRepresent(doubleToString(value), width, "digits");
-    FieldText const fraction(parts.fraction(static_cast<int>(places)));
-    checkWidth(fraction, false, places);
-    size_t const zeros = static_cast<size_t>(places) - fraction.size();
-    std::memset(end, '0', zeros);
-    std::memcpy(end + zeros, fraction.data(), fraction.size());
-    end += places;
-  }
-  int const length = static_cast<int>(end - text);
-  if (width > length) appendFill(out, width - length, fill);
-  out.append(text, length);
+  size_t const head = whole.size() + (parts.isNegative() ? 1 : 0) + (parts.hasFraction() ? 1 : 0);
+  long long const places = parts.hasFraction() ? width - static_cast<long long>(head) : 0;
+  if (parts.hasFraction() && (places <= 0 || places > SplitDouble::MOST_PLACES))
+    raiseCannotRepresent(doubleToString(value), width, "digits");
+  FieldText const fraction(parts.fraction(static_cast<int>(places)));
+  if (parts.hasFraction()) checkWidth(fraction, false, places);
+
+  long long const free = width - static_cast<long long>(head) - places;
+  FieldRoom room(out, head + static_cast<size_t>(places) + (free > 0 ? static_cast<size_t>(free) : 0));
+  if (free > 0) room.fill(static_cast<size_t>(free), fill);
+  if (parts.isNegative()) room.put('-');
+  room.copy(whole);
+  if (!parts.hasFraction()) return;
+  room.put(point);
+  layOut(fraction, false, static_cast<int>(places), true, '0', room);
 }
 
 void UniversalOutputRecord::appendBigDecimalValue(BigDecimal const &value, int width, char, bool, char fill,
                                                   ByteBuffer &out) {
-  FieldText const text(value);
+  tvstring longText;
+  FieldText const text(value, longText);
   if (text.length() < width) appendFill(out, width - text.length(), fill);
   out.append(text.data(), text.length());
 }
@@ -441,7 +261,7 @@ tvstring const &UniversalOutputRecord::base64Text(Binary const &value) {
 
 int UniversalOutputRecord::appendText(FieldText const &text) {
   onWriteField();
-  buffer_.append(text.data(), text.length());
+  FieldRoom(buffer_, text.size()).copy(text);
   return text.length();
 }
 
@@ -521,8 +341,12 @@ int UniversalOutputRecord::getBinaryFieldLength(Binary const &value) {
 // Fields that a delimiter ends.
 
 void UniversalOutputRecord::appendDelimitedText(FieldText const &text, tvstring const &delimiter) {
-  appendText(text);
-  appendDelimiter(delimiter);
+  onField();
+  trailingNullPosition_ = NONE;
+  FieldRoom room(buffer_, text.size() + delimiter.length());
+  room.copy(text);
+  lastDelimiterPosition_ = buffer_.length() + text.length();
+  room.copy(delimiter);
 }
 
 void UniversalOutputRecord::appendDelimitedField(tvstring const &value, tvstring const &delimiter) {
@@ -559,10 +383,12 @@ void UniversalOutputRecord::appendDelimitedField(double value, int integerDigits
   appendDelimiter(delimiter);
 }
 void UniversalOutputRecord::appendDelimitedField(BigDecimal const &value, tvstring const &delimiter) {
-  appendDelimitedText(FieldText(value), delimiter);
+  tvstring longText;
+  appendDelimitedText(FieldText(value, longText), delimiter);
 }
 void UniversalOutputRecord::appendDelimitedField(BigInteger const &value, tvstring const &delimiter) {
-  appendDelimitedText(FieldText(value), delimiter);
+  tvstring longText;
+  appendDelimitedText(FieldText(value, longText), delimiter);
 }
 void UniversalOutputRecord::appendDelimitedField(DateTime const &value, tvstring const &pattern,
                                                  tvstring const &delimiter) {
@@ -699,8 +525,19 @@ void UniversalOutputRecord::assertRangeLong(long long value, long long low, long
 
 namespace {
 
+[[noreturn]] TAVRONE_COLD void raisePackedOverflow() {
+  raise<TransformException>("Packed decimal overflow", SOURCE);
+}
+
 constexpr int MOST_INT_DIGITS = 10;
 constexpr int MOST_LONG_DIGITS = 19;
+
+// What is too large for a count of digits. No digits ask for nothing: their one byte shows the sign alone.
+constexpr auto PACKED_LIMITS = [] {
+  std::array<uint64_t, MOST_LONG_DIGITS + 1> limits{UINT64_MAX, 10};
+  for (size_t i = 2; i < limits.size(); ++i) limits[i] = limits[i - 1] * 10;
+  return limits;
+}();
 
 template <std::signed_integral T>
 constexpr uint64_t unsignedMagnitude(T value) {
@@ -716,17 +553,14 @@ void UniversalOutputRecord::writePackedDecimalLong(long long value, int digits) 
   writePacked(unsignedMagnitude(value), value < 0, digits, MOST_LONG_DIGITS);
 }
 
-// No count of digits asks whether the value fits: its one byte shows the sign alone.
 void UniversalOutputRecord::writePacked(uint64_t magnitude, bool negative, int digits, int mostDigits) {
   onWriteField();
   if (digits < 0) return;
-  if (digits > mostDigits) raisePackedOverflow();
-  if (digits > 0 && digits < MOST_LONG_DIGITS &&
-      magnitude >= static_cast<uint64_t>(LONG_POWERS_OF_10[static_cast<size_t>(digits)]))
-    raisePackedOverflow();
+  if (digits > mostDigits || magnitude >= PACKED_LIMITS[static_cast<size_t>(digits)]) raisePackedOverflow();
   buffer_.ensureFree(PackedDigits::ROOM);
-  char *const end = PackedDigits(magnitude, negative).write(digits, buffer_.str() + buffer_.length());
-  buffer_.chop(static_cast<int>(end - buffer_.str()));
+  char *const start = buffer_.str() + buffer_.length();
+  PackedDigits(magnitude, negative).write(digits, start);
+  buffer_.chop(buffer_.length() + PackedDigits::bytesOf(digits));
 }
 
 void UniversalOutputRecord::writePackedDecimalDouble(double value, int integerDigits, int fractionDigits) {
