@@ -63,10 +63,12 @@ SmartPtr<DataObject> MessageFunctions::parse(tvstring const &message, Binary con
 }
 Binary MessageFunctions::serialize(tvstring const &message, SmartPtr<DataObject> const &object,
                                    TransformContext &context) {
-  return messageBy(message)->serialize(object, context);
+  SmartPtr<IMessage> const type = messageBy(message);
+  return object.isNull() ? Binary() : type->serialize(object, context);
 }
 bool MessageFunctions::isValid(tvstring const &message, SmartPtr<DataObject> const &object, TransformContext &context) {
-  return messageBy(message)->validate2(object, context).exceptions.empty();
+  SmartPtr<IMessage> const type = messageBy(message);
+  return !object.isNull() && type->validate2(object, context).exceptions.empty();
 }
 
 tvstring MessageFunctions::getContextProperty(TransformContext &context, tvstring const &key) {

@@ -29,11 +29,11 @@ class TAVRONE_API MessageFunctions {
   static void addAttachment(RawMessage const &message, tvstring const &name, RawMessage const &attachment);
 
   // By the message type bound under the name; NamingException without one. Failures of parsing and writing pass
-  // through.
+  // through. A null object is written as no bytes.
   static SmartPtr<DataObject> parse(tvstring const &message, Binary const &bytes, TransformContext &context);
   static Binary serialize(tvstring const &message, SmartPtr<DataObject> const &object, TransformContext &context);
-  // Whether the validator "Default" reports nothing. What no rule can report (no such validator, a wrong object) is
-  // raised.
+  // Whether the validator "Default" reports nothing; false for a null object. What no rule can report (no such
+  // validator, a wrong object) is raised.
   static bool isValid(tvstring const &message, SmartPtr<DataObject> const &object, TransformContext &context);
 
   // Empty for an unknown key.

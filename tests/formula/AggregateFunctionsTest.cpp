@@ -4,8 +4,10 @@
 
 #include <climits>
 
+#include "examples/messages/GeneratedOrder.h"
 #include "tavrone/dataobject/GenericDataObject.h"
 #include "tavrone/dataobject/Record.h"
+#include "tests/Cases.h"
 #include "tests/Failure.h"
 #include "tests/core/AllocationCount.h"
 #include "tests/dataobject/Orders.h"
@@ -126,6 +128,17 @@ TEST_P(Aggregates, FailForAnUnknownNameOnlyWhereAnElementIsAsked) {
   }
   EXPECT_EQ(F::secCount(static_cast<DataObjectCollection *>(nullptr)), 0);
   EXPECT_EQ(F::secSum(static_cast<DataObjectSection *>(nullptr), "Size"), 0);
+}
+
+TEST(AggregateFunctions, AskRecordsWrittenByHandThroughTheirAccessors) {
+  examples::GeneratedOrder order;
+  for (int ratio : {4, 9}) addLeg(order, ratio);
+  order.setField("Symbol", StringObject("ACME"));
+  DataObjectSection *legs = order.getSection("Legs");
+  EXPECT_EQ(words(F::secSum(legs, "Ratio"), F::secMin(legs, "Ratio"), F::secMaxDouble(legs, "Ratio")), "13 4 9");
+  EXPECT_EQ(words(F::fieldCount(legs, "Symbol"), F::fieldValueCount(legs, "Ratio", "9")), "0 1");
+  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { F::secMax(legs, "Nope"); }).text,
+            "Field with name Nope not defined");
 }
 
 TEST(AggregateFunctions, ReadThousandsOfDeclaredElementsWithoutAllocating) {
