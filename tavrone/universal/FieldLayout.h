@@ -101,8 +101,10 @@ class FieldRoom {
     at_ += n;
   }
   void copy(char const *from, size_t n) {
-    if (n > SHORT || n < WORD) {
-      copyBytes(from, n);
+    if (n < WORD) {
+      copyShort(from, n);
+    } else if (n > SHORT) {
+      std::memcpy(at_, from, n);
     } else {
       for (size_t i = 0; i + WORD < n; i += WORD) std::memcpy(at_ + i, from + i, WORD);
       std::memcpy(at_ + n - WORD, from + n - WORD, WORD);
@@ -116,11 +118,17 @@ class FieldRoom {
   static constexpr size_t WORD = sizeof(uint64_t);
   static constexpr size_t SHORT = 4 * WORD;
 
-  void copyBytes(char const *from, size_t n) {
-    if (n == 1)
+  // Not a byte is read beyond the text: two parts that overlap.
+  void copyShort(char const *from, size_t n) {
+    if (n >= 4) {
+      std::memcpy(at_, from, 4);
+      std::memcpy(at_ + n - 4, from + n - 4, 4);
+    } else if (n >= 2) {
+      std::memcpy(at_, from, 2);
+      std::memcpy(at_ + n - 2, from + n - 2, 2);
+    } else if (n == 1) {
       *at_ = *from;
-    else if (n != 0)
-      std::memcpy(at_, from, n);
+    }
   }
 
   ByteBuffer &out_;

@@ -557,10 +557,19 @@ void UniversalOutputRecord::writePacked(uint64_t magnitude, bool negative, int d
   onWriteField();
   if (digits < 0) return;
   if (digits > mostDigits || magnitude >= PACKED_LIMITS[static_cast<size_t>(digits)]) raisePackedOverflow();
+  appendPacked(magnitude, negative, digits);
+}
+
+// The call that grows stands last, so that the fast path keeps no registers for it.
+void UniversalOutputRecord::appendPacked(uint64_t magnitude, bool negative, int digits) {
+  int const length = buffer_.length();
+  if (buffer_.capacity() - length < PackedDigits::ROOM) return growAndAppendPacked(magnitude, negative, digits);
+  PackedDigits::write(magnitude, negative, digits, buffer_.str() + length);
+  buffer_.chop(length + PackedDigits::bytesOf(digits));
+}
+void UniversalOutputRecord::growAndAppendPacked(uint64_t magnitude, bool negative, int digits) {
   buffer_.ensureFree(PackedDigits::ROOM);
-  char *const start = buffer_.str() + buffer_.length();
-  PackedDigits(magnitude, negative).write(digits, start);
-  buffer_.chop(buffer_.length() + PackedDigits::bytesOf(digits));
+  appendPacked(magnitude, negative, digits);
 }
 
 void UniversalOutputRecord::writePackedDecimalDouble(double value, int integerDigits, int fractionDigits) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "examples/messages/Order.h"
+#include "tavrone/universal/UniversalOutputRecord.h"
 #include "tests/Failure.h"
 #include "tests/dataobject/Orders.h"
 
