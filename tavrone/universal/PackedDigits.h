@@ -1,66 +1,58 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <cstring>
 
-#include "tavrone/core/Export.h"
-
 namespace tavrone {
 
-// Writes decimal digits of four bits each. A word holds sixteen of them, the last in its lowest bits.
+// Writes packed decimals: four bits for each digit, and behind them four for the sign.
 class PackedDigits {
  public:
   // Bytes that write() touches at most.
   static constexpr int ROOM = 16;
 
-  // The bytes that so many digits, their sign and the zero that fills them up take.
-  static constexpr int bytesOf(int digits) { return digits / 2 + 1; }
+  // Whole bytes for so many digits and their sign; of an even count half a byte is left.
+  static constexpr unsigned bytesOf(unsigned digits) { return digits / 2 + 1; }
 
-  // The last `digits` digits of the number and its sign, then a zero if the digits are even. REQUIRES: 0 <= digits <=
-  // 19
-  static void write(uint64_t magnitude, bool negative, int digits, char *out) {
-    if (magnitude >= TEN_TO_8 || digits > DIGITS_IN_WORD) return writeLong(magnitude, negative, digits, out);
-    storeBigEndian(withSign(eight(static_cast<uint32_t>(magnitude)), negative, digits) << unusedBits(digits), out);
+  // The last `digits` digits of the number and its sign, then zeros. REQUIRES: digits <= 19
+  static void write(uint64_t magnitude, bool negative, unsigned digits, char *out) {
+    uint64_t const sign = negative ? 0xD : 0xC;
+    if (magnitude >= TEN_TO_9 || digits > DIGITS_IN_WORD) return writeLong(magnitude, sign, digits, out);
+    storeBigEndian((nine(magnitude) << 4 | sign) << 4 * (DIGITS_IN_WORD - digits), out);
   }
 
  private:
-  static constexpr uint64_t TEN_TO_8 = 100000000;
-  static constexpr int DIGITS_IN_WORD = 15;  // and a sign
+  __extension__ using uint128 = unsigned __int128;
 
-  static __attribute__((noinline)) void writeLong(uint64_t magnitude, bool negative, int digits, char *out) {
-    uint64_t const upper = magnitude / TEN_TO_8;
-    uint64_t const low =
-        eight(static_cast<uint32_t>(magnitude % TEN_TO_8)) | eight(static_cast<uint32_t>(upper % TEN_TO_8)) << 32;
-    uint64_t const last = withSign(low, negative, digits);
-    if (digits <= DIGITS_IN_WORD) return storeBigEndian(last << unusedBits(digits), out);
-    unsigned const shift = signBits(digits);
-    uint64_t const first = eight(static_cast<uint32_t>(upper / TEN_TO_8)) << shift | low >> (64 - shift);
-    storeBigEndian(first << unusedBits(digits - DIGITS_IN_WORD - 1), out);
-    storeBigEndian(last, out + bytesOf(digits) - 8);
-  }
+  static constexpr uint64_t TEN_TO_9 = 1000000000;
+  static constexpr unsigned DIGITS_IN_WORD = 15;
+  static constexpr unsigned DIGITS_IN_TWO = 31;
 
-  static unsigned signBits(int digits) { return digits % 2 == 0 ? 8 : 4; }
-  static uint64_t withSign(uint64_t packed, bool negative, int digits) {
-    unsigned const shift = signBits(digits);
-    return packed << shift | (negative ? uint64_t{0xD} : uint64_t{0xC}) << (shift - 4);
+  static __attribute__((noinline)) void writeLong(uint64_t magnitude, uint64_t sign, unsigned digits, char *out) {
+    uint64_t const upper = magnitude / TEN_TO_9;
+    uint128 const packed =
+        uint128{upper / TEN_TO_9} << 72 | uint128{nine(upper % TEN_TO_9)} << 36 | nine(magnitude % TEN_TO_9);
+    uint128 const words = (packed << 4 | sign) << 4 * (DIGITS_IN_TWO - digits);
+    storeBigEndian(static_cast<uint64_t>(words >> 64), out);
+    storeBigEndian(static_cast<uint64_t>(words), out + sizeof(uint64_t));
   }
-  // Of a word that holds the digits and what follows them.
-  static unsigned unusedBits(int digits) { return 64 - 8 * static_cast<unsigned>(bytesOf(digits)); }
 
   static void storeBigEndian(uint64_t word, char *out) {
     word = __builtin_bswap64(word);
     std::memcpy(out, &word, sizeof word);
   }
 
-  // Splits fours into twos into ones, each group in a lane that is wide enough for the multiplication that divides it.
-  static uint64_t eight(uint32_t value) {
-    uint64_t const fours = value + (value / 10000) * (0x100000000 - 10000);
-    uint64_t const hundreds = (fours * 10486) >> 20 & 0x0000007F0000007F;
-    uint64_t const twos = fours + hundreds * (0x10000 - 100);
-    uint64_t const tens = (twos * 103) >> 10 & 0x000F000F000F000F;
-    uint64_t const packed = twos + tens * (0x10 - 10);
-    uint64_t const pairs = (packed | packed >> 8) & 0x0000FFFF0000FFFF;
-    return (pairs | pairs >> 16) & 0x00000000FFFFFFFF;
+  static constexpr auto THREES = [] {
+    std::array<uint16_t, 1000> threes{};
+    for (unsigned i = 0; i < threes.size(); ++i)
+      threes[i] = static_cast<uint16_t>(i / 100 << 8 | i / 10 % 10 << 4 | i % 10);
+    return threes;
+  }();
+  static uint64_t nine(uint64_t magnitude) {
+    uint32_t const value = static_cast<uint32_t>(magnitude);
+    uint32_t const thousands = value / 1000;
+    return uint64_t{THREES[thousands / 1000]} << 24 | uint64_t{THREES[thousands % 1000]} << 12 | THREES[value % 1000];
   }
 };
 

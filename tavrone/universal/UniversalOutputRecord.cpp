@@ -557,17 +557,17 @@ void UniversalOutputRecord::writePacked(uint64_t magnitude, bool negative, int d
   onWriteField();
   if (digits < 0) return;
   if (digits > mostDigits || magnitude >= PACKED_LIMITS[static_cast<size_t>(digits)]) raisePackedOverflow();
-  appendPacked(magnitude, negative, digits);
+  appendPacked(magnitude, negative, static_cast<unsigned>(digits));
 }
 
 // The call that grows stands last, so that the fast path keeps no registers for it.
-void UniversalOutputRecord::appendPacked(uint64_t magnitude, bool negative, int digits) {
+void UniversalOutputRecord::appendPacked(uint64_t magnitude, bool negative, unsigned digits) {
   int const length = buffer_.length();
   if (buffer_.capacity() - length < PackedDigits::ROOM) return growAndAppendPacked(magnitude, negative, digits);
+  buffer_.chop(length + static_cast<int>(PackedDigits::bytesOf(digits)));
   PackedDigits::write(magnitude, negative, digits, buffer_.str() + length);
-  buffer_.chop(length + PackedDigits::bytesOf(digits));
 }
-void UniversalOutputRecord::growAndAppendPacked(uint64_t magnitude, bool negative, int digits) {
+void UniversalOutputRecord::growAndAppendPacked(uint64_t magnitude, bool negative, unsigned digits) {
   buffer_.ensureFree(PackedDigits::ROOM);
   appendPacked(magnitude, negative, digits);
 }

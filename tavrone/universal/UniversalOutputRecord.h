@@ -256,8 +256,8 @@ class TAVRONE_API UniversalOutputRecord : public UniversalRecord {
   void writeBinary(long long value, bool bigEndian);
   void writeBinaryOfLength(int length, long long value, bool bigEndian);
   void writePacked(uint64_t magnitude, bool negative, int digits, int mostDigits);
-  void appendPacked(uint64_t magnitude, bool negative, int digits);
-  TAVRONE_COLD void growAndAppendPacked(uint64_t magnitude, bool negative, int digits);
+  void appendPacked(uint64_t magnitude, bool negative, unsigned digits);
+  TAVRONE_COLD void growAndAppendPacked(uint64_t magnitude, bool negative, unsigned digits);
   template <class Number>
   void writePackedDecimal(Number value, int integerDigits, int fractionDigits);
 
