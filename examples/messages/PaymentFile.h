@@ -96,6 +96,7 @@ struct PaymentFileControl : Record<"FileControl",
 
 // What controls sum up.
 struct PaymentTotals {
+  int batches = 0;
   long long entries = 0;
   long long hash = 0;
   long long debit = 0;
@@ -111,6 +112,7 @@ struct PaymentTotals {
     (isDebit(entry.get<"TransactionCode">()) ? debit : credit) += entry.get<"Amount">();
   }
   void add(PaymentTotals const &batch) {
+    ++batches;
     entries += batch.entries;
     hash = (hash + batch.hash) % HASH_LIMIT;
     debit += batch.debit;

@@ -1,0 +1,82 @@
+#include "examples/messages/PaymentFileParser.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/Text.h"
+
+namespace examples {
+namespace {
+
+std::string padded(std::string const &line) {
+  return line + std::string(94 - line.size(), ' ') + '\n';
+}
+std::string entry(char const *code, char const *amount, int trace) {
+  return padded("6" + std::string(code) + "0710000111234             " + amount).substr(0, 78) + "0" +
+         std::string(14, '0') + std::to_string(trace) + '\n';
+}
+std::vector<std::string> const FILE_LINES = {
+    padded("1SENDER    RECEIVER  202403151430A"),
+    padded("5ACME            COMPANY   200PAYROLL   2024031807100001" + std::string("0000001")),
+    entry("22", "0000001250", 1),
+    entry("27", "0000000300", 2),
+    padded("8200000002"
+           "0014200002"
+           "000000000300"
+           "000000001250"
+           "COMPANY   071000010000001"),
+    padded("9000001"
+           "00000002"
+           "0014200002"
+           "000000000300"
+           "000000001250")};
+
+// What a file gives under a handler that collects: its entries, then each failure as "line:column field text".
+std::string parsed(std::vector<std::string> const &lines) {
+  std::string file;
+  for (std::string const &line : lines) file += line;
+  PaymentFileParser parser;
+  CascadingExceptionHandler handler;
+  parser.exceptionHandler = &handler;
+  TransformContext context;
+  SmartPtr<ExternalObject> const object(parser.parse(Binary(file.data(), file.size()), context));
+  int entries = 0;
+  for (PaymentBatch const &batch : checkedCast<PaymentFile>(object->getData())->section<"Batches">())
+    entries += batch.section<"Entries">().getElementCount();
+  std::string shown = std::to_string(entries);
+  for (ExceptionDataObject const *failure : handler.getExceptions())
+    shown += '|' + std::to_string(failure->getLine()) + ':' + std::to_string(failure->getColumn()) + ' ' +
+             (failure->isNull(5) ? "" : str(failure->getFFieldName()) + ' ') + str(failure->getMessage());
+  deleteAll(handler.getExceptions());
+  return shown;
+}
+std::string parsedWith(size_t line, size_t at, std::string const &text) {
+  std::vector<std::string> lines = FILE_LINES;
+  lines[line].replace(at, text.size(), text);
+  return parsed(lines);
+}
+
+// Columns count from the line break, so that they are one more in every line but the first.
+TEST(PaymentFileParser, FindsEveryFailureOfAFileInOnePass) {
+  EXPECT_EQ(parsed(FILE_LINES), "2");
+  EXPECT_EQ(parsedWith(0, 21, "2024x"), "2|1:22 Created Cannot convert '2024x3151430' to a number");
+  EXPECT_EQ(parsedWith(2, 1, "23"), "1|3:3 Batches.Entries.TransactionCode Unknown transaction code '23'");
+  EXPECT_EQ(parsedWith(3, 29, "-"), "1|4:31 Batches.Entries.Amount Cannot convert '-000000300' to a number");
+  EXPECT_EQ(parsedWith(4, 20, "1"),
+            "2|5:22 Batches.Control.TotalDebit Found 100000000300, the records before give 300");
+  EXPECT_EQ(parsedWith(5, 6, "2"), "2|6:3 BatchCount Found 2, the records before give 1");
+  EXPECT_EQ(parsedWith(5, 60, "x").substr(0, 40), "2|6:51 Reserved Expected blanks, found '");
+  EXPECT_EQ(parsedWith(4, 0, "6"),
+            "2|5:3 Batches.Entries.TransactionCode Unknown transaction code '20'|"
+            "6:2 Unexpected record type '9'");
+  EXPECT_EQ(parsedWith(1, 0, "?").substr(0, 65), "2|2:2 Unexpected record type '?'|3:2 Unexpected record type '6'");
+  EXPECT_EQ(parsed({FILE_LINES[0], FILE_LINES[1]}), "0|3:2 The file ends without a file control");
+}
+
+TEST(PaymentFileParser, StopsAtTheFirstFailureByDefault) {
+  PaymentFileParser parser;
+  TransformContext context;
+  EXPECT_THROW(parser.parse(Binary("1x\n2\n", 5), context), TransformException);
+}
+
+}  // namespace
+}  // namespace examples
