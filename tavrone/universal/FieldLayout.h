@@ -158,6 +158,22 @@ inline void appendPadded(FieldText const &digits, bool negative, int width, bool
   layOut(digits, negative, width, rightAlign, fill, room);
 }
 
+// A text of fixed width; the terminator is -1 for none.
+inline void appendFixedText(FieldText const &text, int width, bool rightAlign, char fill, int terminator,
+                            ByteBuffer &out) {
+  bool const terminated = terminator != -1;
+  long long const textWidth = static_cast<long long>(width) - (terminated ? 1 : 0);
+  long long const length = static_cast<long long>(text.size());
+  if (length != 0 && length > textWidth) raiseCannotRepresent(text.toString(), textWidth, "characters");
+  size_t const free = textWidth > length ? static_cast<size_t>(textWidth - length) : 0;
+  bool const fillFirst = rightAlign || length == 0;
+  FieldRoom room(out, text.size() + free + 1);
+  if (fillFirst) room.fill(free, fill);
+  room.copy(text);
+  if (terminated) room.put(static_cast<char>(terminator));
+  if (!fillFirst) room.fill(free, fill);
+}
+
 inline void appendFill(ByteBuffer &out, int n, char c) {
   if (n > 0) FieldRoom(out, static_cast<size_t>(n)).fill(static_cast<size_t>(n), c);
 }

@@ -136,17 +136,7 @@ void UniversalOutputRecord::padLong(long long magnitude, bool negative, int widt
 
 void UniversalOutputRecord::appendString(tvstring const &value, int width, bool rightAlign, char fill, int terminator,
                                          ByteBuffer &out) {
-  bool const terminated = terminator != NONE;
-  long long const textWidth = static_cast<long long>(width) - (terminated ? 1 : 0);
-  long long const length = static_cast<long long>(value.length());
-  if (length != 0 && length > textWidth) raiseCannotRepresent(value, textWidth, "characters");
-  size_t const free = textWidth > length ? static_cast<size_t>(textWidth - length) : 0;
-  bool const fillFirst = rightAlign || length == 0;
-  FieldRoom room(out, value.length() + free + 1);
-  if (fillFirst) room.fill(free, fill);
-  room.copy(value);
-  if (terminated) room.put(static_cast<char>(terminator));
-  if (!fillFirst) room.fill(free, fill);
+  appendFixedText(FieldText(value), width, rightAlign, fill, terminator, out);
 }
 
 void UniversalOutputRecord::appendDoubleValue(double value, int integerDigits, int fractionDigits, char point, bool,
@@ -208,10 +198,13 @@ void UniversalOutputRecord::appendASCIIField(tvstring const &value, int width, b
   clearTerminator();
 }
 void UniversalOutputRecord::appendASCIIField(char value, int width, bool rightAlign, char fill) {
-  if (width == 1)
+  if (width == 1) {
     appendASCIIField(value);
-  else
-    appendASCIIField(charToString(value), width, rightAlign, fill);
+    return;
+  }
+  onWriteField();
+  appendFixedText(FieldText(value), width, rightAlign, fill, terminator_, buffer_);
+  clearTerminator();
 }
 void UniversalOutputRecord::appendASCIIField(bool value, int width, tvstring const &trueText, tvstring const &falseText,
                                              bool rightAlign, char fill) {

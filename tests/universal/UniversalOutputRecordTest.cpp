@@ -381,6 +381,7 @@ TEST(UniversalOutputRecord, AllocatesNothingForAFieldInItsBuffer) {
     record.startSequence();
     record.appendASCIIField(-42, 10, true, '0');
     record.appendASCIIField(text, 10, true, ' ');
+    record.appendASCIIField('c', 3, true, ' ');
     record.appendASCIIField(1.5, 3, 2, '.', true, '0');
     record.appendASCIIFieldHex(BYTES, 10, true, ' ');
     record.appendDelimitedField(text, comma, '"');
