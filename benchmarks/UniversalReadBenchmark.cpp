@@ -146,18 +146,29 @@ struct Parser : UniversalInputParser {
 using RecordPtr = SmartPtr<UniversalInputRecord>;
 
 // Each line as a record of its own, from the parser's store.
+void readRecords(Parser &parser, Binary const &bytes) {
+  RecordPtr const file(parser.createInputRecord(bytes));
+  while (!file->isEmpty()) {
+    RecordPtr const line(parser.getDelimitedRecord(file.get(), LINE_FEED, true, false));
+    line->startSequence();
+    for (int i = 0; i < COLUMNS; ++i) benchmark::DoNotOptimize(line->getDelimitedField(COMMA));
+    line->endSequence();
+  }
+}
 void delimitedRecords(benchmark::State &state) {
   Binary const bytes = bytesOf(delimitedFile());
   Parser parser;
-  measure(state, delimitedFile(), COLUMNS * lines(delimitedFile()), [&] {
-    RecordPtr const file(parser.createInputRecord(bytes));
-    while (!file->isEmpty()) {
-      RecordPtr const line(parser.getDelimitedRecord(file.get(), LINE_FEED, true, false));
-      line->startSequence();
-      for (int i = 0; i < COLUMNS; ++i) benchmark::DoNotOptimize(line->getDelimitedField(COMMA));
-      line->endSequence();
-    }
-  });
+  measure(state, delimitedFile(), COLUMNS * lines(delimitedFile()), [&] { readRecords(parser, bytes); });
+}
+// The same for a file of so many bytes.
+void recordsBySize(benchmark::State &state) {
+  size_t const size = static_cast<size_t>(state.range(0));
+  std::string file;
+  while (file.size() < size) file += delimitedFile();
+  file.resize(file.rfind('\n', size - 1) + 1);
+  Binary const bytes = bytesOf(file);
+  Parser parser;
+  measure(state, file, COLUMNS * lines(file), [&] { readRecords(parser, bytes); });
 }
 void delimitedRecordsByHand(benchmark::State &state) {
   measure(state, delimitedFile(), COLUMNS * lines(delimitedFile()), [&] {
@@ -274,6 +285,7 @@ BENCHMARK(delimitedNumbers)->Unit(benchmark::kMillisecond);
 BENCHMARK(delimitedNumbersByHand)->Unit(benchmark::kMillisecond);
 BENCHMARK(fixedFields)->Unit(benchmark::kMillisecond);
 BENCHMARK(fixedFieldsByHand)->Unit(benchmark::kMillisecond);
+BENCHMARK(recordsBySize)->RangeMultiplier(10)->Range(1000, 100000000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(packed<5>);
 BENCHMARK(packed<9>);
 BENCHMARK(packed<15>);

@@ -95,10 +95,17 @@ void UniversalInputRecord::init(tvstring const &message, Binary const &binary, i
 
 void UniversalInputRecord::adopt(tvstring const &message, Binary const &binary, int start, int end,
                                  UniversalInputRecord *enclosing) {
-  if (!binary_.isCounted() || binary.data() != rawBytes_) lineScan_ = LineScan();
-  binary_ = binary;
-  message_ = message;
-  rawBytes_ = binary_.data();
+  // The text is of the bytes' array where it may be: then the same bytes again need no counting.
+  auto const isOneArray = [](tvstring const &text, Binary const &bytes) {
+    return text.data() == bytes.data() && text.length() == bytes.length();
+  };
+  bool const isSameArray = binary_.isCounted() && binary.data() == rawBytes_ && binary.size() == binary_.size();
+  if (!isSameArray) lineScan_ = LineScan();
+  if (!isSameArray || !isOneArray(message, binary) || !isOneArray(message_, binary_)) {
+    message_ = isOneArray(message, binary) ? binary.asText() : message;
+    binary_ = binary;
+    rawBytes_ = binary_.data();
+  }
   startPosition_ = currentPosition_ = previousPosition_ = start;
   endPosition_ = end;
   enclosingRecord_ = enclosing;
