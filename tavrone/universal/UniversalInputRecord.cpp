@@ -197,7 +197,8 @@ int UniversalInputRecord::findDelimiter(tvstring const &delimiter, char quote, i
 }
 
 int UniversalInputRecord::findByteNearStart(char c, int from, int to) const {
-  return static_cast<int>(std::find(rawBytes_ + from, rawBytes_ + to, c) - rawBytes_);
+  char const *const text = message_.data();
+  return static_cast<int>(std::find(text + from, text + to, c) - text);
 }
 
 tvstring UniversalInputRecord::removeQuote(tvstring const &value, char quote) {

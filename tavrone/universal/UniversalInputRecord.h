@@ -247,17 +247,17 @@ class TAVRONE_API UniversalInputRecord : public UniversalRecord {
   // The first c in [from, to), or `to`. Fields are short, so that a call of memchr would cost more than the search. Of
   // the last block, the bytes that were looked at, or stand before the field, are shifted out.
   int findByte(char c, int from, int to) const {
-    constexpr int BLOCK = sizeof(__m128i);
-    if (to < BLOCK) return findByteNearStart(c, from, to);
-    for (; to - from >= BLOCK; from += BLOCK)
+    constexpr int STEP = sizeof(__m128i);
+    if (to < STEP) return findByteNearStart(c, from, to);
+    for (; to - from >= STEP; from += STEP)
       if (unsigned const hits = hitsAt(from, c)) return from + std::countr_zero(hits);
-    unsigned const hits = hitsAt(to - BLOCK, c) >> (BLOCK - (to - from));
+    unsigned const hits = hitsAt(to - STEP, c) >> (STEP - (to - from));
     return hits != 0 ? from + std::countr_zero(hits) : to;
   }
   int findByteNearStart(char c, int from, int to) const;
   // A bit for each of the 16 bytes from there that is c.
   unsigned hitsAt(int position, char c) const {
-    __m128i const bytes = _mm_loadu_si128(reinterpret_cast<__m128i const *>(rawBytes_ + position));
+    __m128i const bytes = _mm_loadu_si128(reinterpret_cast<__m128i const *>(message_.data() + position));
     return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(c))));
   }
 
@@ -314,7 +314,6 @@ class TAVRONE_API UniversalInputRecord : public UniversalRecord {
   void adopt(tvstring const &message, Binary const &binary, int start, int end, UniversalInputRecord *enclosing);
   static int assertRange(tvstring const &message, Binary const &binary, int start, int length);
   void skipTag(tvstring const &tag, char const *kind);
-  void skipTag(tvstring const &tag, tvstring const &separator, char const *kind);
   [[noreturn]] TAVRONE_COLD static void raiseBadSign(int nibble);
   [[noreturn]] TAVRONE_COLD void raiseNotEnough(int n) const;
 
