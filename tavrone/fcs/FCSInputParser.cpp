@@ -2,7 +2,6 @@
 
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/Wrappers.h"
-#include "tavrone/core/tvstringbuffer.h"
 
 namespace tavrone {
 
@@ -65,14 +64,23 @@ struct FirmToCMSTrailer {
         isn = takeISN(tokenizer);
         if (!isn.empty()) continue;
       }
-      if (!text.empty()) text.append(' ');
-      text.append(tokenizer.getNextToken());
+      addToText(tokenizer.getNextToken());
     }
     if (isn.empty()) fail(tokenizer, "Input Sequence Number (ISN) is not found in trailer");
   }
 
+  // Tokens that stand one space apart stay a view on the line.
+  void addToText(tvstring const &token) {
+    if (text.empty())
+      text = token;
+    else if (token.data() == text.data() + text.length() + 1)
+      text = text.span(token);
+    else
+      text = text + ' ' + token;
+  }
+
   tvstring isn;
-  tvstringbuffer text;
+  tvstring text;
 };
 
 }  // namespace

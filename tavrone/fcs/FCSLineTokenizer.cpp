@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <bit>
-#include <iterator>
+#include <memory>
 
 #include "tavrone/core/Parsing.h"
 #include "tavrone/core/Raise.h"
@@ -14,12 +14,9 @@ namespace {
 
 constexpr char const *SOURCE = "cpp/fcs/FCSLineTokenizer";
 
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
-bool isCapital(char c) {
-  return c >= 'A' && c <= 'Z';
-}
+// Objects, so that they are inlined into the loops.
+constexpr auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+constexpr auto isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
 
 template <class Test>
 bool allOf(tvstring const &value, Test const &test) {
@@ -97,12 +94,27 @@ void FCSLineTokenizer::setString(tvstring const &line) {
     throw failure;
   }
   line_ = line;
-  auto const formerCount = static_cast<size_t>(tokenCount_);
-  auto const count = edges.tokenCount();
-  for (size_t i = 0; i != count; ++i) tokens_[i].show(line_, edges.begin(i), edges.end(i));
-  for (size_t i = count; i < formerCount; ++i) tokens_[i] = tvstring::EMPTY;
-  tokenCount_ = static_cast<int>(count);
+  size_t const count = edges.tokenCount();
+  constructTokens(count);
+  destroyTokens(count);
+  for (size_t i = 0; i != count; ++i) tokens_.places[i].show(line_, edges.begin(i), edges.end(i));
   currentToken_ = 0;
+}
+
+FCSLineTokenizer &FCSLineTokenizer::operator=(FCSLineTokenizer const &other) {
+  int const place = other.currentToken_;
+  setString(tvstring(other.line_));
+  currentToken_ = place;
+  return *this;
+}
+
+void FCSLineTokenizer::constructTokens(size_t count) {
+  for (auto i = static_cast<size_t>(tokenCount_); i < count; ++i) std::construct_at(&tokens_.places[i]);
+  tokenCount_ = std::max(tokenCount_, static_cast<int>(count));
+}
+void FCSLineTokenizer::destroyTokens(size_t count) {
+  for (size_t i = count; i < static_cast<size_t>(tokenCount_); ++i) std::destroy_at(&tokens_.places[i]);
+  tokenCount_ = std::min(tokenCount_, static_cast<int>(count));
 }
 
 tvstring const &FCSLineTokenizer::getNextToken(int n) {

@@ -19,6 +19,9 @@ class TAVRONE_API FCSLineTokenizer {
  public:
   FCSLineTokenizer() = default;
   FCSLineTokenizer(tvstring const &line) { setString(line); }
+  FCSLineTokenizer(FCSLineTokenizer const &other) { *this = other; }
+  FCSLineTokenizer &operator=(FCSLineTokenizer const &other);
+  ~FCSLineTokenizer() { destroyTokens(0); }
 
   // Starts afresh with the line, which may be a token of the former one. Raises "Too many tokens in line" and then
   // keeps the former line.
@@ -120,13 +123,21 @@ class TAVRONE_API FCSLineTokenizer {
   struct Token : tvstring {
     using tvstring::operator=;
     void show(Token const &line, size_t from, size_t to) noexcept;
-    bool sharesOwner(Token const &other) const { return owner_ == other.owner_; }
+  };
+  // Room for tokens; those of the line are constructed, the others are not. Most lines have few.
+  union Places {
+    Places() {}
+    ~Places() {}
+    std::array<Token, PLACES> places;
   };
 
   tvstring const &token(long long i) const {
-    return i >= 0 && i < tokenCount_ ? tokens_[static_cast<size_t>(i)] : tvstring::EMPTY;
+    return i >= 0 && i < tokenCount_ ? tokens_.places[static_cast<size_t>(i)] : tvstring::EMPTY;
   }
   void moveTo(long long place) { currentToken_ = static_cast<int>(place < 0 ? 0 : place > INT_MAX ? INT_MAX : place); }
+  // Both from the former number of tokens to `count`.
+  void constructTokens(size_t count);
+  void destroyTokens(size_t count);
   tvstring run(long long end) const;
   int columnOf(int end) const;
   double readPrice();
@@ -134,7 +145,7 @@ class TAVRONE_API FCSLineTokenizer {
   [[noreturn]] void fail(tvstring const &text, int line = __builtin_LINE()) const;
 
   Token line_;
-  std::array<Token, PLACES> tokens_;  // those behind the last one are empty and own nothing
+  Places tokens_;
   int currentToken_ = 0;
   int tokenCount_ = 0;
 };

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <climits>
+#include <iterator>
 
 #include "tavrone/core/Conversion.h"
 #include "tavrone/core/DesignerTypes.h"
@@ -13,7 +15,6 @@ namespace tavrone {
 
 namespace {
 
-constinit tvstringliteral const SPACE(" ");
 constinit tvstringliteral const DATE_PATTERN("MMddyyyy");
 constexpr int EIGHTHS = 8;
 constexpr std::array<char const *, EIGHTHS> FRACTIONS = {"", "1/8", "1/4", "3/8", "1/2", "5/8", "3/4", "7/8"};
@@ -42,7 +43,7 @@ tvstring textOf(DataObject const &object, int index) {
 
 void appendFirmToCMSTrailer(tvstringbuffer &out, DataObject const *trailer) {
   if (isPresent(trailer, ISN)) out.append(textOf(*trailer, ISN));
-  if (isPresent(trailer, TEXT)) out.append(SPACE).append(textOf(*trailer, TEXT));
+  if (isPresent(trailer, TEXT)) out.append(' ').append(textOf(*trailer, TEXT));
 }
 
 }  // namespace
@@ -91,9 +92,8 @@ void FCSOutputWriter::writeToken(tvstring const &first, tvstring const &second) 
   lineTokens_.push_back(second);
 }
 void FCSOutputWriter::writeToken(int value) {
-  char text[12];
-  t_itoa(value, text);
-  writeRendered(text, std::strlen(text));
+  char text[11];
+  writeRendered(text, static_cast<size_t>(std::to_chars(text, std::end(text), value).ptr - text));
 }
 void FCSOutputWriter::writeToken(double value) {
   char text[352];
@@ -150,7 +150,7 @@ void FCSOutputWriter::addToPreviousToken(tvstring const &text, int i) {
 
 void FCSOutputWriter::finishLine() {
   for (tvstring const &token : lineTokens_) {
-    if (&token != lineTokens_.data()) message_.append(SPACE);
+    if (&token != lineTokens_.data()) message_.append(' ');
     message_.append(token);
   }
   message_.append(LINE_FEED);

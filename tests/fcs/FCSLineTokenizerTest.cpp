@@ -70,7 +70,10 @@ TEST(FCSLineTokenizer, MovesByTokens) {
   EXPECT_EQ(t.getLine(), "BUY 100  IBM AT 12 ");
   EXPECT_FALSE(t.hasFullLine() || t.isEmpty() || t.hasMoreTokens());
   t.setString(t.previousToken(3));
+  FCSLineTokenizer copy(t);
   EXPECT_TRUE(t.hasFullLine() && t.getTokenCount() == 1 && t.getLine() == "IBM");
+  t.setString("BUY 100");
+  EXPECT_EQ(joined({copy.getNextToken(), copy.getNextToken()}), "IBM||");
 }
 
 TEST(FCSLineTokenizer, TellsTheKindOfTheNextToken) {
