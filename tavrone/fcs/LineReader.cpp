@@ -12,7 +12,9 @@ namespace tavrone {
 namespace {
 
 constexpr size_t USUAL_LINES = 15;
+constexpr size_t SHORT_LINE = 16;
 constexpr size_t BLOCK = 64;
+constexpr size_t CHUNK = 512 * BLOCK;
 
 // One walk over the bytes for both. Returns the number of line feeds.
 size_t copyAndCountLineFeeds(char const *from, size_t length, char *to) {
@@ -51,22 +53,27 @@ LineReader::LineReader(Binary const &bytes, bool hasTrailer) : hasTrailer_(hasTr
   readLines(bytes.data(), bytes.length());
 }
 
+// Chunk by chunk, so that the bytes are still near when they are looked at for lines.
 void LineReader::readLines(char const *bytes, size_t length) {
   tvstring text;
   char *const copy = text.getBuffer(static_cast<int>(length + BLOCK));
-  size_t const lineFeeds = copyAndCountLineFeeds(bytes, length, copy);
   std::memset(copy + length, 0, BLOCK);  // so that whole blocks can be read to the end
   text.setBufferLength(static_cast<int>(length));
-  lines_.reserve(std::max(USUAL_LINES, lineFeeds + 2));
+  lines_.reserve(USUAL_LINES);
 
   ByteFinder const lineFeed('\n');
   size_t start = 0;
-  for (size_t block = 0; block < length; block += BLOCK) {
-    for (uint64_t found = lineFeed.in64(copy + block); found != 0; found &= found - 1) {
-      size_t const at = block + static_cast<size_t>(std::countr_zero(found));
-      bool const afterReturn = at != start && copy[at - 1] == '\r';
-      lines_.push_back(text.substr(start, at - afterReturn - start));
-      start = at + 1;
+  for (size_t chunk = 0; chunk < length; chunk += CHUNK) {
+    size_t const size = std::min(CHUNK, length - chunk);
+    size_t const lineFeeds = copyAndCountLineFeeds(bytes + chunk, size, copy + chunk);
+    makeRoom(lineFeeds, std::min(lineFeeds * ((length - chunk) / size - 1), (length - chunk) / SHORT_LINE));
+    for (size_t block = chunk; block < chunk + size; block += BLOCK) {
+      for (uint64_t found = lineFeed.in64(copy + block); found != 0; found &= found - 1) {
+        size_t const at = block + static_cast<size_t>(std::countr_zero(found));
+        bool const afterReturn = at != start && copy[at - 1] == '\r';
+        lines_.push_back(text.substr(start, at - afterReturn - start));
+        start = at + 1;
+      }
     }
   }
   if (start != length) lines_.push_back(text.substr(start));
@@ -77,6 +84,13 @@ void LineReader::readLines(char const *bytes, size_t length) {
   }
   lineCount_ = static_cast<int>(lines_.size());
   lines_.emplace_back();
+}
+
+// For that many lines more, a last one without an ender and the sentinel. An array that is too small makes room for
+// those that are likely to come: most files need one array, and none more than a few.
+void LineReader::makeRoom(size_t lineFeeds, size_t likely) {
+  size_t const needed = lines_.size() + lineFeeds + 2;
+  if (needed > lines_.capacity()) lines_.reserve(std::max(needed + likely + likely / 16, 2 * lines_.capacity()));
 }
 
 }  // namespace tavrone

@@ -43,6 +43,7 @@ class TAVRONE_API LineReader {
 
  private:
   void readLines(char const *bytes, size_t length);
+  void makeRoom(size_t lineFeeds, size_t likely);
 
   std::vector<tvstring> lines_;  // body lines, then one empty sentinel
   int nextLine_ = 0;

@@ -17,7 +17,7 @@ std::string linesOf(std::string const &text, bool hasTrailer) {
 }
 
 TEST(LineReader, EndsLinesAtLfAndCrLfOnlyAndSetsTheTrailerApart) {
-  std::string const wide(100, 'x');
+  std::string const wide(32767, 'x');
   std::string const cases[][3] = {{"", "", ""},
                                   {"a", "a|", "a"},
                                   {"a\n", "a|", "a"},
@@ -28,7 +28,7 @@ TEST(LineReader, EndsLinesAtLfAndCrLfOnlyAndSetsTheTrailerApart) {
                                   {"a\r\r\nb", "a\r|b|", "a\r|b"},
                                   {"a\nb\r", "a|b\r|", "a|b\r"},
                                   {wide + "\r\n" + wide, wide + '|' + wide + '|', wide + '|' + wide},
-                                  {std::string(500, '\n'), std::string(500, '|'), std::string(499, '|')}};
+                                  {std::string(100000, '\n'), std::string(100000, '|'), std::string(99999, '|')}};
   for (auto const &[text, lines, linesAndTrailer] : cases) {
     EXPECT_EQ(linesOf(text, false), lines);
     EXPECT_EQ(linesOf(text, true), linesAndTrailer);
