@@ -14,6 +14,8 @@ class TAVRONE_API TagValueInputParser : public InputParser {
  public:
   ~TagValueInputParser() noexcept(false) override;
 
+  using InputParser::ensureNotNull;
+
  protected:
   // Raises "Tag '<tag>' expected."
   [[noreturn]] void missingTag(int tag) const;
@@ -37,7 +39,6 @@ class TAVRONE_API TagValueInputParser : public InputParser {
     if (section->getElementCount() != 0) throwDuplicateSection(tag);
   }
 
-  using InputParser::ensureNotNull;
   // Raise "Field '<name>' cannot be null." for an empty value; if the object doesn't know the name, "Null value error
   // while parsing a field".
   void ensureNotNull(tvstring const &value, DataObject *object, int index) const {

@@ -94,7 +94,11 @@ void TagValueTokenizer<Format>::split(std::string_view token, TagValuePair &pair
     raise<typename Format::ParsingException>(
         "'Name or value' can't be empty. Unable to parse tag=value of form " + tvstring(token.data(), token.size()),
         Format::TOKENIZER_SOURCE);
-  pair.tag = t_atoi(token.data(), token.data() + equals);
+  try {
+    pair.tag = t_atoi(token.data(), token.data() + equals);
+  } catch (TransformException const &failure) {
+    raise<typename Format::ParsingException>(failure.getMessage(), Format::TOKENIZER_SOURCE);
+  }
   size_t const start = static_cast<size_t>(tokenStart_);
   message_.substr(start + equals + 1, token.size() - equals - 1, pair.value);
 }

@@ -19,8 +19,8 @@ struct TagValuePair {
 // A walk over the fields of one message of the form tag=value, each ended by a delimiter, normally SOH (0x01). Holds
 // the message; values are views on it and no text is copied. One field can be handed back.
 //
-// The last byte of a message is taken for a delimiter, whatever it is. Failures are the Format's ParsingException with
-// its TOKENIZER_SOURCE unless said; a token that fails is taken, so that the position stays behind it.
+// The last byte of a message is taken for a delimiter, whatever it is. All failures are the Format's ParsingException
+// with its TOKENIZER_SOURCE; a token that fails is taken, so that the position stays behind it.
 template <class Format>
 class TAVRONE_API TagValueTokenizer {
  public:
@@ -30,8 +30,8 @@ class TAVRONE_API TagValueTokenizer {
   TagValueTokenizer(tvstring const &message, char delimiter) : message_(message), delimiter_(delimiter) { init(); }
 
   // The field that was handed back, else the next one; false at the end, the pair untouched. Raises "'Name or value'
-  // can't be empty. Unable to parse tag=value of form <token>" for a token without '=', and as t_atoi does for a tag
-  // that is no number. A value may be empty.
+  // can't be empty. Unable to parse tag=value of form <token>" for a token without '=', and the words of t_atoi for a
+  // tag that is no number. A value may be empty.
   bool next(TagValuePair &pair);
 
   // The same for a field whose value is exactly dataLength bytes and may hold the delimiter. Raises "Length based tag

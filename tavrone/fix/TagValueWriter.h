@@ -51,7 +51,15 @@ class TAVRONE_API TagValueWriter : public AbstractSimpleOutputWriter {
   // Adds BodyLength and CheckSum. The text is the caller's own: later messages don't touch it.
   tvstring endMessage() override;
 
+  // The steps of endMessage. The length counts from behind the first field to the end; without CheckSum the second step
+  // does nothing.
+  void writeBodyLength();
+  void writeCheckSum();
+
   static int generateCheckSum(char const *data, unsigned int length) { return sumOfBytes(data, length); }
+
+  // Raises the Format's WriterException "<name> is a mandatory field. Tag '<tag>[<name>]' cannot be null."
+  [[noreturn]] static void requiredFieldMissing(AbstractDataObject *object, int index, int tag);
 
  protected:
   // Each appends tag, '=', value and delimiter. An empty or null text appends nothing at all. Values are not checked:
@@ -67,15 +75,8 @@ class TAVRONE_API TagValueWriter : public AbstractSimpleOutputWriter {
   void appendField(char const *tag, bool value) { appendField0(tag, boolToString(value)); }
   void appendField(char const *tag, char value) { appendField0(tag, &value, 1); }
 
-  // Raises the Format's WriterException "<name> is a mandatory field. Tag '<tag>[<name>]' cannot be null."
-  [[noreturn]] void requiredFieldMissing(AbstractDataObject *object, int index, int tag);
-
   // Puts "<tag>=<value><delimiter>" behind the first field; at the very start where no delimiter stands.
   void insertBehindFirstField(char const *tag, tvstring const &value);
-  // The length counts from behind the first field to the end.
-  void writeBodyLength();
-  // Nothing where messages go without CheckSum.
-  void writeCheckSum();
 
   bool hasCheckSum() const { return checksum_; }
 

@@ -16,7 +16,6 @@ class TAVRONE_API SIACCanonicalOutputWriter : public TagValueWriter<SIACCanonica
   // Adds the indicator, BodyLength, which counts the indicator, and CheckSum.
   tvstring endMessage() override;
 
- protected:
   void appendBeginGroup(char const *tag) { appendField(tag, '{'); }
   void appendEndGroup() { appendField("26000", '}'); }
   void appendEndGroupInstance() { appendField("26999", ' '); }

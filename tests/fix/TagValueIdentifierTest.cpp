@@ -40,11 +40,16 @@ TEST(TagValueIdentifier, TheDefaultServiceKnowsBothFormatsByTheirFirstBytes) {
 TEST(TagValueIdentifier, NamesItsFormatAndLetsABadHeaderFail) {
   EXPECT_EQ(FIXMessageIdentifier::getMessageFormat(), "FIX");
   EXPECT_EQ(SIACCanonicalMessageIdentifier::getMessageFormat(), "Canonical");
-  ByteArrayInputSource input(
+  ByteArrayInputSource number(
       tvstring("8=FIX.4.2\x01"
                "9=five\x01"));
-  Failure const failure = failureOf<TransformException>([&] { FIXMessageIdentifier().identifyMessage(input); });
+  Failure failure = failureOf<TransformException>([&] { FIXMessageIdentifier().identifyMessage(number); });
   EXPECT_EQ(failure.source + ':' + failure.text, "cpp/fix/FIXHeaderParser:[col 17] Cannot convert 'five' to int");
+  ByteArrayInputSource tag(
+      tvstring("8=FIX.4.2\x01"
+               "nine=5\x01"));
+  failure = failureOf<FIXParsingException>([&] { FIXMessageIdentifier().identifyMessage(tag); });
+  EXPECT_EQ(failure.source + ':' + failure.text, "cpp/fix/FIXHeaderParser:[col 17] Cannot convert 'nine' to int");
 }
 
 }  // namespace
