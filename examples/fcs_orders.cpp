@@ -15,6 +15,10 @@ using namespace examples;
 
 namespace {
 
+[[maybe_unused]] bool const BOUND =
+    bindFactory<FCSOrderMessage>("FCSOrder.message") && bindFactory<FCSCancelMessage>("FCSCancel.message") &&
+    bindFactory<FCSReportMessage>("FCSReport.message") && bindFactory<FCSOrderFormat>("FCSOrder");
+
 // A text from outside as it may go to a terminal. Every byte takes one place, so that marks stand where they should.
 std::string shown(tvstring const &text) {
   std::string out(text.data(), text.length());

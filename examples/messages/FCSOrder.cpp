@@ -8,10 +8,6 @@ namespace examples {
 
 namespace {
 
-[[maybe_unused]] bool const BOUND =
-    bindFactory<FCSOrderMessage>("FCSOrder.message") && bindFactory<FCSCancelMessage>("FCSCancel.message") &&
-    bindFactory<FCSReportMessage>("FCSReport.message") && bindFactory<FCSOrderFormat>("FCSOrder");
-
 constexpr size_t MAX_LINE = 80;
 constexpr int MAX_QUANTITY_DIGITS = 7;
 
