@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-// QuickFIX behind a plain interface: its headers need C++14, whose failure specifications are gone since.
+// QuickFIX behind a plain interface: its headers need C++14, whose throw(...) lists are gone since.
 class QuickFIXPeer {
  public:
   QuickFIXPeer();

@@ -65,8 +65,8 @@ void NewOrderSingleParser::parse(ExternalObject *object, Binary const &bytes, Tr
   auto *header = partOf<FIXHeader>(object->getHeader());
   auto *order = partOf<NewOrderSingle>(object->getData());
   if (header == nullptr || order == nullptr) {
-    header = new FIXHeader;
-    order = new NewOrderSingle;
+    SmartPtr<FIXHeader> const newHeader(header = new FIXHeader);
+    SmartPtr<NewOrderSingle> const newOrder(order = new NewOrderSingle);
     object->setExternalObjects(header, order, nullptr);
   } else {
     object->reset();

@@ -31,11 +31,11 @@ template <class Header>
 std::size_t headerLength(char const *bytes, char const *end) {
   constexpr std::ptrdiff_t TAG_ROOM = 12;
   for (char const *at = bytes; at != end;) {
-    if (kindOf<Header>(at, at + std::min(TAG_ROOM, end - 1 - at)) == TokenKind::OF_BODY)
-      return static_cast<std::size_t>(at - bytes);
+    TokenKind kind = kindOf<Header>(at, at + std::min(TAG_ROOM, end - 1 - at));
+    if (kind == TokenKind::OF_BODY) return static_cast<std::size_t>(at - bytes);
     char const *tokenEnd = findByte(at, end, SOH);
     if (tokenEnd == nullptr) break;
-    TokenKind const kind = kindOf<Header>(at, tokenEnd);
+    if (kind == TokenKind::BROKEN) kind = kindOf<Header>(at, tokenEnd);
     if (kind == TokenKind::OF_BODY) return static_cast<std::size_t>(at - bytes);
     at = tokenEnd + 1;
     if (kind == TokenKind::BROKEN) return static_cast<std::size_t>(at - bytes);
