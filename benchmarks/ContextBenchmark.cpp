@@ -3,34 +3,14 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <map>
-#include <new>
 #include <string>
 #include <vector>
 
+#include "benchmarks/Allocations.h"
 #include "tavrone/context/PropertyMapImpl.h"
 #include "tavrone/context/TransformContext.h"
 #include "tavrone/core/Wrappers.h"
-
-namespace {
-
-long long allocations = 0;
-
-}  // namespace
-
-// Out of line, or the compiler takes malloc and operator delete for a mismatch.
-__attribute__((noinline)) void *operator new(size_t size) {
-  ++allocations;
-  if (void *block = std::malloc(size)) return block;
-  throw std::bad_alloc();
-}
-__attribute__((noinline)) void operator delete(void *block) noexcept {
-  std::free(block);
-}
-__attribute__((noinline)) void operator delete(void *block, size_t) noexcept {
-  std::free(block);
-}
 
 namespace tavrone {
 namespace {

@@ -7,13 +7,12 @@
 
 #include <charconv>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <new>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "benchmarks/Allocations.h"
 #include "benchmarks/peers/QuickFIXPeer.h"
 #include "examples/messages/NewOrderSingleParser.h"
 #include "tavrone/fix/FIXMessageIdentifier.h"
@@ -27,8 +26,6 @@ using tavrone::tvstring;
 
 constexpr char SOH = '\x01';
 constexpr int RAW_DATA_LENGTH = 95;
-
-size_t allocations = 0;
 
 // Writes messages of one kind, each with values of its own lengths.
 class Writer {
@@ -148,7 +145,7 @@ std::vector<std::string> messagesOf(std::string (*make)(Writer &)) {
 template <class Walk>
 void measure(benchmark::State &state, size_t bytes, size_t messages, Walk const &walk) {
   walk();
-  size_t const before = allocations;
+  long long const before = allocations;
   for (auto _ : state) walk();
   auto const n = static_cast<int64_t>(state.iterations());
   state.SetItemsProcessed(n * static_cast<int64_t>(messages));
@@ -301,18 +298,5 @@ WALK(news, "256 News");
 #undef WALK
 
 }  // namespace
-
-// Out of line, or the compiler takes new and free for a mismatch.
-[[gnu::noinline]] void *operator new(size_t size) {
-  ++allocations;
-  if (void *block = std::malloc(size)) return block;
-  throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void *block) noexcept {
-  std::free(block);
-}
-[[gnu::noinline]] void operator delete(void *block, size_t) noexcept {
-  std::free(block);
-}
 
 BENCHMARK_MAIN();

@@ -5,34 +5,14 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cstdlib>
-#include <new>
 #include <string>
 #include <string_view>
 
+#include "benchmarks/Allocations.h"
 #include "tavrone/formula/FormatFunctions.h"
 #include "tavrone/formula/TextFunctions.h"
 #include "tavrone/formula/UtilFunctions.h"
 #include "tavrone/formula/ValidationFunctions.h"
-
-namespace {
-
-long long allocations = 0;
-
-}  // namespace
-
-// Out of line, or the compiler takes malloc and operator delete for a mismatch.
-__attribute__((noinline)) void *operator new(size_t size) {
-  ++allocations;
-  if (void *block = std::malloc(size)) return block;
-  throw std::bad_alloc();
-}
-__attribute__((noinline)) void operator delete(void *block) noexcept {
-  std::free(block);
-}
-__attribute__((noinline)) void operator delete(void *block, size_t) noexcept {
-  std::free(block);
-}
 
 namespace tavrone {
 namespace {

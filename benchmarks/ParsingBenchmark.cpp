@@ -4,18 +4,15 @@
 
 #include <charconv>
 #include <cstdio>
-#include <cstdlib>
-#include <new>
 #include <random>
 #include <vector>
 
+#include "benchmarks/Allocations.h"
 #include "tavrone/core/ObjectList.h"
 #include "tavrone/core/Parsing.h"
 #include "tavrone/core/ResourceBundle.h"
 
 namespace {
-
-size_t allocations = 0;
 
 std::vector<tavrone::tvstring> prices() {
   std::mt19937 random(20260101);
@@ -54,32 +51,19 @@ void formatFailure(benchmark::State &state) {
   args.add(tavrone::StringObject("12345.678"));
   args.add(tavrone::StringObject("yyyy-MM-dd"));
   tavrone::tvstring const pattern = tavrone::Resources::getProperty("UNV114.message");
-  size_t const before = allocations;
+  long long const before = allocations;
   for (auto _ : state) benchmark::DoNotOptimize(tavrone::formatMessage(pattern, args));
   state.counters["allocations"] = static_cast<double>(allocations - before) / static_cast<double>(state.iterations());
 }
 BENCHMARK(formatFailure)->Name("formatMessage/two arguments");
 
 void lookUp(benchmark::State &state) {
-  size_t const before = allocations;
+  long long const before = allocations;
   for (auto _ : state) benchmark::DoNotOptimize(tavrone::Resources::getProperty("UNV114.message"));
   state.counters["allocations"] = static_cast<double>(allocations - before) / static_cast<double>(state.iterations());
 }
 BENCHMARK(lookUp)->Name("Resources::getProperty");
 
 }  // namespace
-
-// Out of line, or the compiler takes new and free for a mismatch.
-[[gnu::noinline]] void *operator new(size_t size) {
-  ++allocations;
-  if (void *block = std::malloc(size)) return block;
-  throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void *block) noexcept {
-  std::free(block);
-}
-[[gnu::noinline]] void operator delete(void *block, size_t) noexcept {
-  std::free(block);
-}
 
 BENCHMARK_MAIN();

@@ -3,10 +3,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <memory>
-#include <new>
 
+#include "benchmarks/Allocations.h"
 #include "tavrone/context/Factory.h"
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Wrappers.h"
@@ -14,25 +13,6 @@
 #include "tavrone/dataobject/MetaInfo.h"
 #include "tavrone/pipeline/InputSources.h"
 #include "tavrone/routing/MessageRouter.h"
-
-namespace {
-
-long long allocations = 0;
-
-}  // namespace
-
-// Out of line, or the compiler takes malloc and operator delete for a mismatch.
-__attribute__((noinline)) void *operator new(size_t size) {
-  ++allocations;
-  if (void *block = std::malloc(size)) return block;
-  throw std::bad_alloc();
-}
-__attribute__((noinline)) void operator delete(void *block) noexcept {
-  std::free(block);
-}
-__attribute__((noinline)) void operator delete(void *block, size_t) noexcept {
-  std::free(block);
-}
 
 namespace tavrone {
 namespace {
