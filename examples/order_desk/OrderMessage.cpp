@@ -1,7 +1,7 @@
 #include "examples/order_desk/OrderMessage.h"
 
 #include <algorithm>
-#include <string_view>
+#include <climits>
 
 #include "examples/order_desk/Checks.h"
 
@@ -14,13 +14,11 @@ namespace {
 constexpr int MAX_QUANTITY = 1'000'000;
 constexpr double MAX_PRICE = 100'000;
 
-// Two capital letters, a hyphen and digits. By ranges: what the process locale calls a letter must not matter.
+// Two capital letters, a hyphen and digits.
 bool isAccount(tvstring const &text) {
-  std::string_view const account(text.data(), text.length());
-  auto const isCapital = [](char c) { return c >= 'A' && c <= 'Z'; };
-  auto const isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  return account.size() > 3 && std::all_of(account.begin(), account.begin() + 2, isCapital) && account[2] == '-' &&
-         std::all_of(account.begin() + 3, account.end(), isDigit);
+  using T = TextFunctions;
+  return text.length() > 3 && T::isAlphaUpper(T::left(text, 2)) && T::charAt(text, 2) == '-' &&
+         T::isNum(T::mid(text, 3, INT_MAX));
 }
 
 // What an order must pass, as its validator "Default".
@@ -28,11 +26,13 @@ constexpr Check<Order> CHECKS[] = {
     {"ORD-01", "AccountForm", "Account", [](Order const &o) { return isAccount(o.get<"Account">()); }},
     {"ORD-02", "BuyOrSell", "Side", [](Order const &o) { return o.get<"Side">() == 'B' || o.get<"Side">() == 'S'; }},
     {"ORD-03", "QuantityLimit", "Quantity",
-     [](Order const &o) { return o.get<"Quantity">() > 0 && o.get<"Quantity">() <= MAX_QUANTITY; }},
+     [](Order const &o) { return ValidationFunctions::inRange(o.get<"Quantity">(), 1, MAX_QUANTITY); }},
     {"ORD-04", "PriceLimit", "Price",
      [](Order const &o) { return o.get<"Price">() > 0 && o.get<"Price">() <= MAX_PRICE; }},
     {"ORD-05", "TradedThatDay", "TradeDate",
-     [](Order const &o) { return o.get<"TradeDate">().getDatePortion() == o.get<"TransactTime">().getDatePortion(); }},
+     [](Order const &o) {
+       return DateFunctions::datePart(o.get<"TradeDate">()) == DateFunctions::datePart(o.get<"TransactTime">());
+     }},
     {"ORD-06", "LegRatios", "Legs",
      [](Order const &o) {
        auto const &legs = o.section<"Legs">();
@@ -44,8 +44,7 @@ constexpr Check<Order> CHECKS[] = {
 
 void OrderDefaults::process(DataObject *object) {
   Order &order = *checkedCast<Order>(object);
-  if (order.isNull<"TradeDate">())
-    order.set<"TradeDate">(DateTime(order.get<"TransactTime">().getDatePortion(), Time()));
+  if (order.isNull<"TradeDate">()) order.set<"TradeDate">(DateFunctions::datePart(order.get<"TransactTime">()));
   if (order.isNull<"AllOrNone">()) order.set<"AllOrNone">(false);
   order.set<"ExecutedQuantity">(0);
 }
@@ -53,7 +52,8 @@ void OrderDefaults::process(DataObject *object) {
 void OrderNotional::process(DataObject *object) {
   Order &order = *checkedCast<Order>(object);
   // Exact: a product of doubles would be off in the last place.
-  order.set<"Notional">(BigDecimal(order.get<"Quantity">()) * BigDecimal(order.get<"Price">()));
+  order.set<"Notional">(BigTypeFunctions::multiply(BigTypeFunctions::toBigDecimal(order.get<"Quantity">()),
+                                                   BigTypeFunctions::toBigDecimal(order.get<"Price">())));
 }
 
 // The triggers hold a handle on the message that does not count: objects that count each other never go.

@@ -9,16 +9,9 @@ namespace {
 
 [[maybe_unused]] bool const BOUND = bindFactory<TicketMessage>("Ticket");
 
-constexpr int SUNDAY = 1;
-constexpr int SATURDAY = 7;
-
-bool isWorkingDay(DateTime const &day) {
-  int const weekday = day.getDatePortion().dayOfWeek();
-  return weekday != SUNDAY && weekday != SATURDAY;
-}
-
 constexpr Check<Ticket> CHECKS[] = {
-    {"TKT-01", "WorkingDay", "TradeDate", [](Ticket const &t) { return isWorkingDay(t.get<"TradeDate">()); }},
+    {"TKT-01", "WorkingDay", "TradeDate",
+     [](Ticket const &t) { return !DateFunctions::isWeekend(t.get<"TradeDate">()); }},
 };
 
 }  // namespace
@@ -27,8 +20,8 @@ void TicketSettlement::process(DataObject *object) {
   Ticket &ticket = *checkedCast<Ticket>(object);
   DateTime day = ticket.get<"TradeDate">();
   for (int working = 0; working < 2;) {
-    day = day + TimeSpan(1, 0, 0, 0, 0);
-    if (isWorkingDay(day)) ++working;
+    day = DateFunctions::addDays(day, 1);
+    if (!DateFunctions::isWeekend(day)) ++working;
   }
   ticket.set<"SettlementDate">(day);
 }
