@@ -18,6 +18,7 @@ struct TradeHeader : Record<"TradeHeader", Field<"MessageType", tvstring>>, Mess
   tvstring getMessageType() override { return get<"MessageType">(); }
   tvstring getMessageVersion() override { return tvstring(); }
   tvstring getHeaderField(tvstring const &) override { return tvstring(); }
+  bool tellsItsFields() const override { return true; }
   static inline tvstringliteral const format{"TRADE"};
 };
 

@@ -23,4 +23,8 @@ tvstring FCSHeader::getHeaderField(tvstring const &name) {
   return get<"MessageFormat">();
 }
 
+bool FCSHeader::tellsItsFields() const {
+  return !isNull(index<"MessageFormat">) && get<"MessageFormat">() == FORMAT;
+}
+
 }  // namespace tavrone

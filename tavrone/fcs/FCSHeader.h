@@ -22,6 +22,8 @@ class TAVRONE_API FCSHeader : public RecordOf<FCSHeader, "FCSHeader", Field<"Mes
   tvstring getMessageVersion() override { return tvstring(); }
   // Empty for an unknown name and for a null field.
   tvstring getHeaderField(tvstring const &name) override;
+  // Unless the field was changed.
+  bool tellsItsFields() const override;
 };
 
 }  // namespace tavrone

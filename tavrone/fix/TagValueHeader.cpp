@@ -83,6 +83,13 @@ tvstring TagValueHeader<Layout>::getHeaderField(tvstring const &name) {
 }
 
 template <class Layout>
+bool TagValueHeader<Layout>::tellsItsFields() const {
+  return (flags_[MESSAGE_FORMAT] || text<MESSAGE_FORMAT>().empty()) &&
+         (flags_[MESSAGE_TYPE] || text<MESSAGE_TYPE>().empty()) &&
+         (flags_[MESSAGE_VERSION] || text<MESSAGE_VERSION>().empty());
+}
+
+template <class Layout>
 std::size_t TagValueHeader<Layout>::checkIndex(int index) {
   if (static_cast<unsigned>(index) >= COUNT)
     raise<FieldNotFoundException>("Field index out of bounds", Layout::Format::HEADER_SOURCE);

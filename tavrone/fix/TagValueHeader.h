@@ -79,6 +79,8 @@ class TAVRONE_API TagValueHeader : public GenericDataObject, public MessageHeade
   tvstring getMessageVersion() override { return text<MESSAGE_VERSION>(); }
   void setMessageVersion(tvstring const &version) { setText(MESSAGE_VERSION, version); }
   tvstring getHeaderField(tvstring const &name) override;
+  // Unless a field of the first three was made null, which its getter doesn't mind.
+  bool tellsItsFields() const override;
 
   // As a new header: MessageFormat alone is set.
   void init();

@@ -13,6 +13,9 @@ class TAVRONE_API MessageHeader {
   // Empty for an unknown name and for a null field.
   virtual tvstring getHeaderField(tvstring const &name) = 0;
   virtual ~MessageHeader() noexcept(false);
+  // Whether the four operations tell, as the header is now, what a MessageHeaderAdapter would read of its fields:
+  // routing, which reads fields, then asks them instead, without a wrapper for each. False unless overridden.
+  virtual bool tellsItsFields() const { return false; }
 
   // "MessageFormat = <format>, Message Version = <version>, Message Type = <type>".
   tvstring stringform();

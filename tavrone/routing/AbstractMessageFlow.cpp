@@ -16,6 +16,13 @@ constexpr char const *SOURCE = "cpp/AbstractMessageFlow";
 }  // namespace
 
 AbstractMessageFlow::AbstractMessageFlow(tvstring const &name) : name_(name) {}
+AbstractMessageFlow::AbstractMessageFlow(AbstractMessageFlow const &other)
+    : Object(), ObjectRef(), IMessageFlow(), outputPorts_(other.outputPorts_), name_(other.name_) {}
+AbstractMessageFlow &AbstractMessageFlow::operator=(AbstractMessageFlow const &other) {
+  outputPorts_ = other.outputPorts_;
+  name_ = other.name_;
+  return *this;
+}
 AbstractMessageFlow::~AbstractMessageFlow() noexcept(false) = default;
 
 template <class Body>

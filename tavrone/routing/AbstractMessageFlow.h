@@ -63,8 +63,9 @@ class TAVRONE_API AbstractMessageFlow : public IMessageFlow {
 
  protected:
   explicit AbstractMessageFlow(tvstring const &name);
-  AbstractMessageFlow(AbstractMessageFlow const &) = delete;
-  AbstractMessageFlow &operator=(AbstractMessageFlow const &) = delete;
+  // Copies are in no run, and look their services up themselves.
+  AbstractMessageFlow(AbstractMessageFlow const &other);
+  AbstractMessageFlow &operator=(AbstractMessageFlow const &other);
 
   void addOutputPort(tvstring const &name, tvstring const &protocol, tvstring const &outputDevice);
 

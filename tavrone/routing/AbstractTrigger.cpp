@@ -31,6 +31,15 @@ AbstractTrigger::AbstractTrigger(AbstractTrigger const &other)
       outputFormats_(other.outputFormats_) {
   transformContext_.exchangeOutputContext(nullptr);
 }
+AbstractTrigger &AbstractTrigger::operator=(AbstractTrigger const &other) {
+  if (this == &other) return *this;
+  context_ = other.context_;
+  SmartPtr<IOutputContext> output = transformContext_.exchangeOutputContext(nullptr);
+  transformContext_ = other.transformContext_;
+  transformContext_.exchangeOutputContext(std::move(output));
+  outputFormats_ = other.outputFormats_;
+  return *this;
+}
 AbstractTrigger::~AbstractTrigger() noexcept(false) = default;
 
 void AbstractTrigger::setContext(TriggerContext *context) {

@@ -43,9 +43,9 @@ class TAVRONE_API AbstractTrigger : public ITrigger {
   };
 
   AbstractTrigger() = default;
-  // The copy is in no event.
+  // The copy is in no event; what is assigned to stays in its own.
   AbstractTrigger(AbstractTrigger const &other);
-  AbstractTrigger &operator=(AbstractTrigger const &) = delete;
+  AbstractTrigger &operator=(AbstractTrigger const &other);
 
   TriggerContext *context_ = nullptr;  // borrowed; null before setContext
   TransformContext transformContext_;

@@ -22,8 +22,8 @@ uint64_t MessageConfiguration::keyOf(tvstring const &text) {
 }
 
 // The header of one message while configurations are compared with it: a field is read when the first configuration
-// asks for it, and never again. A header that is a MessageHeader itself answers without a wrapper for each field; the
-// three fixed fields cost no allocation of their own.
+// asks for it, and never again. Fields are read through an adapter; a MessageHeader that tells what its fields hold is
+// asked itself, which costs no wrapper for each.
 class MessageConfiguration::HeaderFields {
  public:
   explicit HeaderFields(DataObject *header) : object_(header), adapter_(header, false) {}
@@ -63,8 +63,9 @@ class MessageConfiguration::HeaderFields {
   };
 
   MessageHeader &header() {
-    if (header_ == nullptr) header_ = dynamic_cast<MessageHeader *>(object_);
-    if (header_ == nullptr) header_ = &adapter_;
+    if (header_ != nullptr) return *header_;
+    auto *const own = dynamic_cast<MessageHeader *>(object_);
+    header_ = own != nullptr && own->tellsItsFields() ? own : &adapter_;
     return *header_;
   }
 

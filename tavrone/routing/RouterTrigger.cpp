@@ -32,7 +32,7 @@ void RouterTrigger::onBatchStart(TransformContext &message) {
 }
 
 void RouterTrigger::onBatchEnd(TransformContext &message) {
-  onBatchStart(message);
+  RouterTrigger::onBatchStart(message);
 }
 
 InternalRouterTrigger::InternalRouterTrigger(InternalRouterTrigger const &other)

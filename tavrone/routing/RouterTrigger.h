@@ -14,6 +14,7 @@ class TAVRONE_API RouterTrigger : public AbstractTrigger {
  public:
   RouterTrigger() = default;
   RouterTrigger(RouterTrigger const &other);
+  RouterTrigger &operator=(RouterTrigger const &) = default;
   ~RouterTrigger() noexcept(false) override;
 
   void onNewMessage(DataObject *object, TransformContext &message) override;
@@ -31,6 +32,7 @@ class TAVRONE_API InternalRouterTrigger : public AbstractTrigger {
  public:
   InternalRouterTrigger() = default;
   InternalRouterTrigger(InternalRouterTrigger const &other);
+  InternalRouterTrigger &operator=(InternalRouterTrigger const &) = default;
   ~InternalRouterTrigger() noexcept(false) override;
 
   // Raises what TriggerContext::getProperty and the look-ups raise.

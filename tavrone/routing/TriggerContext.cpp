@@ -27,6 +27,16 @@ AbstractTriggerContext::AbstractTriggerContext(AbstractTriggerContext const &oth
       name_(other.name_),
       triggerClassName_(other.triggerClassName_) {}
 
+AbstractTriggerContext &AbstractTriggerContext::operator=(AbstractTriggerContext const &other) {
+  if (this == &other) return *this;
+  properties_ = other.properties_;
+  businessTransaction_ = other.businessTransaction_;
+  name_ = other.name_;
+  triggerClassName_ = other.triggerClassName_;
+  triggerObject_.release();
+  return *this;
+}
+
 void AbstractTriggerContext::init(SmartPtr<IInternalMessage> businessTransaction, tvstring const &triggerClassName,
                                   tvstring const &name) {
   businessTransaction_ = std::move(businessTransaction);

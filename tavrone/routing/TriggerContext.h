@@ -30,9 +30,9 @@ class TAVRONE_API AbstractTriggerContext : public TriggerContext {
   AbstractTriggerContext() = default;
   AbstractTriggerContext(SmartPtr<IInternalMessage> businessTransaction, tvstring const &triggerClassName,
                          tvstring const &name);
-  // The copy has no trigger object yet: a trigger belongs to one context.
+  // Copies have no trigger object yet: a trigger belongs to one context.
   AbstractTriggerContext(AbstractTriggerContext const &other);
-  AbstractTriggerContext &operator=(AbstractTriggerContext const &) = delete;
+  AbstractTriggerContext &operator=(AbstractTriggerContext const &other);
   ~AbstractTriggerContext() noexcept(false) override;
 
   // What the constructor sets, later.
@@ -66,7 +66,7 @@ class TAVRONE_API TriggerContextImpl : public AbstractTriggerContext {
   TriggerContextImpl() = default;
   using AbstractTriggerContext::AbstractTriggerContext;
   TriggerContextImpl(TriggerContextImpl const &other);
-  TriggerContextImpl &operator=(TriggerContextImpl const &) = delete;
+  TriggerContextImpl &operator=(TriggerContextImpl const &) = default;
   ~TriggerContextImpl() noexcept(false) override;
 
   SmartPtr<ILookupContext> getLookupContext();

@@ -21,8 +21,12 @@ TEST(FCSHeader, IsARecordThatRoutingReads) {
   SmartPtr<DataObject> const copy(checkedCast<DataObject>(header->clone()));
   EXPECT_EQ(header->stringform(), "MessageFormat = FCS, Message Version = , Message Type = ");
   EXPECT_EQ(header->getHeaderField("MessageFormat") + header->getHeaderField("Other"), "FCS");
+  MessageConfiguration configuration;
+  configuration.setMessageFormat("FCS");
+  EXPECT_TRUE(configuration.isMatch(header.get()));
   header->setNull(0);
   EXPECT_EQ(header->getHeaderField("MessageFormat") + header->getMessageFormat(), "FCS");
+  EXPECT_FALSE(configuration.isMatch(header.get())) << "routing reads the field";
   EXPECT_EQ(copy->getMetaInfo()->getName() + str(copy->toXMLStringImpl(0)).c_str(),
             "FCSHeader<MessageFormat>FCS</MessageFormat>\n");
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tavrone/core/Wrappers.h"
+#include "tavrone/routing/MessageConfiguration.h"
 #include "tests/Failure.h"
 
 namespace tavrone {
@@ -19,6 +20,18 @@ TEST(FIXHeader, SplitsBeginStringAndCouplesTypes) {
   EXPECT_EQ(header.getMessageVersion(), "4.2");
   header.reset();
   EXPECT_EQ(header.stringform(), "MessageFormat = FIX, Message Version = , Message Type = ");
+}
+
+TEST(FIXHeader, IsMatchedByItsFieldsAndTheirFlags) {
+  FIXHeader header;
+  header.setMsgType("D");
+  MessageConfiguration orders;
+  orders.setMessageFormat("FIX");
+  orders.setMessageType("D");
+  EXPECT_TRUE(orders.isMatch(&header));
+  header.setNull("MessageType");
+  EXPECT_EQ(header.getMessageType(), "D");
+  EXPECT_FALSE(orders.isMatch(&header));
 }
 
 TEST(FIXHeader, KeepsEachParsedFieldButSendingTime) {

@@ -52,7 +52,11 @@ TEST(Triggers, MakeATriggerOnceForEachContextAndReleaseIt) {
     EXPECT_EQ(trigger->contexts * 10 + trigger->events, 12);
     triggers.context.setTriggerObject(trigger);
     EXPECT_EQ(trigger->getRefCount(), 1);
-    EXPECT_EQ(TriggerContextImpl(triggers.context).getTriggerObject(), nullptr);
+    TriggerContextImpl copy(triggers.context);
+    EXPECT_EQ(copy.getTriggerObject(), nullptr);
+    copy.setTriggerObject(new TestTrigger);
+    copy = triggers.context;
+    EXPECT_EQ(copy.getTriggerObject(), nullptr);
     triggers.context.setTriggerObject(new TestTrigger);
     EXPECT_EQ(TestTrigger::alive, 1);
   }
