@@ -453,11 +453,12 @@ void UniversalOutputRecord::writeBinaryInt8(long long value, bool bigEndian) {
 }
 
 void UniversalOutputRecord::writeBinaryBinary(Binary const &value, int length) {
+  onWriteField();
   if (length < 0 || value.length() != static_cast<size_t>(length))
     raise<TransformException>("Number of bytes in output (" + dlongToString(static_cast<long long>(value.length())) +
                                   ") is not same as the fixed length - " + intToString(length),
                               SOURCE);
-  writeBinaryBinary(value);
+  buffer_.write(value);
 }
 
 namespace {
@@ -540,14 +541,15 @@ constexpr uint64_t unsignedMagnitude(T value) {
 }  // namespace
 
 void UniversalOutputRecord::writePackedDecimalInt(int value, int digits) {
+  onWriteField();
   writePacked(unsignedMagnitude(value), value < 0, digits, MOST_INT_DIGITS);
 }
 void UniversalOutputRecord::writePackedDecimalLong(long long value, int digits) {
+  onWriteField();
   writePacked(unsignedMagnitude(value), value < 0, digits, MOST_LONG_DIGITS);
 }
 
 void UniversalOutputRecord::writePacked(uint64_t magnitude, bool negative, int digits, int mostDigits) {
-  onWriteField();
   if (digits < 0) return;
   if (digits > mostDigits || magnitude >= PACKED_LIMITS[static_cast<size_t>(digits)]) raisePackedOverflow();
   appendPacked(magnitude, negative, static_cast<unsigned>(digits));
@@ -576,7 +578,8 @@ template <class Number>
 void UniversalOutputRecord::writePackedDecimal(Number value, int integerDigits, int fractionDigits) {
   constexpr int MOST_SHORT_DIGITS = 8;
   long long const digits = static_cast<long long>(integerDigits) + fractionDigits;
-  if (digits < 0) return onWriteField();
+  onWriteField();
+  if (digits < 0) return;
   bool const isShort = digits <= MOST_SHORT_DIGITS;
   if (fractionDigits < 0 || fractionDigits >= (isShort ? MOST_INT_DIGITS : MOST_LONG_DIGITS) ||
       digits > MOST_LONG_DIGITS)
@@ -585,10 +588,8 @@ void UniversalOutputRecord::writePackedDecimal(Number value, int integerDigits, 
   double const rounded = std::floor(static_cast<double>(product) + 0.5);
   double const limit = isShort ? 0x1p31 : 0x1p63;
   if (!(rounded >= -limit && rounded < limit)) raisePackedOverflow();
-  if (isShort)
-    writePackedDecimalInt(static_cast<int>(rounded), static_cast<int>(digits));
-  else
-    writePackedDecimalLong(static_cast<long long>(rounded), static_cast<int>(digits));
+  long long const whole = static_cast<long long>(rounded);
+  writePacked(unsignedMagnitude(whole), whole < 0, static_cast<int>(digits), MOST_LONG_DIGITS);
 }
 
 }  // namespace tavrone

@@ -350,6 +350,16 @@ TEST(UniversalOutputRecord, PacksTwoDigitsAByteAndTheSignBehindThem) {
     EXPECT_EQ(written(overflow), "<Packed decimal overflow>");
 }
 
+// Or the failure would name the field before it.
+TEST(UniversalOutputRecord, AFieldThatFailsIsCounted) {
+  Record record;
+  record.startSequence();
+  EXPECT_THROW(record.writeBinaryBinary(BYTES, 3), TransformException);
+  EXPECT_THROW(record.writePackedDecimalDouble(1e300, 4, 2), TransformException);
+  EXPECT_THROW(record.writePackedDecimalFloat(123, 2, 0), TransformException);
+  EXPECT_EQ(record.getCurrentFieldIndex(), 2);
+}
+
 TEST(UniversalOutputRecord, PadsToALengthThatItMustNotExceed) {
   EXPECT_EQ(written([](Record &r) { r.appendTag("abc"), r.padRecordToLength(5), r.padRecordToLength(5); }), "abc  ");
   EXPECT_EQ(written([](Record &r) { r.appendTag("abc"), r.padRecordToLength(2); }),
