@@ -254,6 +254,9 @@ tvstring const &UniversalOutputRecord::base64Text(Binary const &value) {
 
 int UniversalOutputRecord::appendText(FieldText const &text) {
   onWriteField();
+  return putText(text);
+}
+int UniversalOutputRecord::putText(FieldText const &text) {
   FieldRoom(buffer_, text.size()).copy(text);
   return text.length();
 }
@@ -283,7 +286,8 @@ int UniversalOutputRecord::appendASCIIField(double value, int integerDigits, int
   return text.length();
 }
 int UniversalOutputRecord::appendASCIIField(DateTime const &value, tvstring const &pattern) {
-  return appendText(FieldText(value, pattern));
+  onWriteField();  // a date may have no text
+  return putText(FieldText(value, pattern));
 }
 int UniversalOutputRecord::appendASCIIFieldHex(Binary const &value) {
   return appendASCIIField(hexText(value));
@@ -336,6 +340,9 @@ int UniversalOutputRecord::getBinaryFieldLength(Binary const &value) {
 void UniversalOutputRecord::appendDelimitedText(FieldText const &text, tvstring const &delimiter) {
   onField();
   trailingNullPosition_ = NONE;
+  putDelimitedText(text, delimiter);
+}
+void UniversalOutputRecord::putDelimitedText(FieldText const &text, tvstring const &delimiter) {
   FieldRoom room(buffer_, text.size() + delimiter.length());
   room.copy(text);
   lastDelimiterPosition_ = buffer_.length() + text.length();
@@ -385,7 +392,8 @@ void UniversalOutputRecord::appendDelimitedField(BigInteger const &value, tvstri
 }
 void UniversalOutputRecord::appendDelimitedField(DateTime const &value, tvstring const &pattern,
                                                  tvstring const &delimiter) {
-  appendDelimitedText(FieldText(value, pattern), delimiter);
+  onWriteField();
+  putDelimitedText(FieldText(value, pattern), delimiter);
 }
 // No onWriteDelimiter in these three: see the header.
 void UniversalOutputRecord::appendDelimitedFieldHex(Binary const &value, tvstring const &delimiter) {

@@ -248,6 +248,9 @@ class TAVRONE_API UniversalOutputRecord : public UniversalRecord {
   void cutTrailingFields();
   int appendText(FieldText const &text);
   void appendDelimitedText(FieldText const &text, tvstring const &delimiter);
+  // The same for a field that is counted already.
+  int putText(FieldText const &text);
+  void putDelimitedText(FieldText const &text, tvstring const &delimiter);
   void appendEncoded(tvstring const &text, int width, bool rightAlign, char fill);
   // In scratch_.
   tvstring const &hexText(Binary const &value);

@@ -357,7 +357,10 @@ TEST(UniversalOutputRecord, AFieldThatFailsIsCounted) {
   EXPECT_THROW(record.writeBinaryBinary(BYTES, 3), TransformException);
   EXPECT_THROW(record.writePackedDecimalDouble(1e300, 4, 2), TransformException);
   EXPECT_THROW(record.writePackedDecimalFloat(123, 2, 0), TransformException);
-  EXPECT_EQ(record.getCurrentFieldIndex(), 2);
+  DateTime const noMonth(2026, 13, 1, 0, 0, 0, 0);
+  EXPECT_THROW(record.appendASCIIField(noMonth, "MMM"), TransformRuntimeException);
+  EXPECT_THROW(record.appendDelimitedField(noMonth, "MMM", ","), TransformRuntimeException);
+  EXPECT_EQ(record.getCurrentFieldIndex(), 4);
 }
 
 TEST(UniversalOutputRecord, PadsToALengthThatItMustNotExceed) {
