@@ -25,6 +25,7 @@ struct NewOrderSingle : Record<"NewOrderSingle",
                                Field<"Account", tvstring>,        // 1
                                Section<"Allocs", OrderAllocation>,  // 78
                                Field<"HandlInst", char>,          // 21
+                               Field<"ExecInst", tvstring>,       // 18
                                Field<"Symbol", tvstring>,         // 55
                                Field<"Side", char>,               // 54
                                Field<"TransactTime", DateTime>,   // 60

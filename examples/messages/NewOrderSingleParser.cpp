@@ -1,19 +1,14 @@
 #include "examples/messages/NewOrderSingleParser.h"
 
-#include <typeinfo>
-
 namespace examples {
 
 namespace {
 
-constexpr char SOH = '\x01';
-constexpr char const *SOURCE = "examples/NewOrderSingleParser";
-
 enum Tag {
   ACCOUNT = 1,
-  CHECK_SUM = 10,
   CL_ORD_ID = 11,
   CURRENCY = 15,
+  EXEC_INST = 18,
   HANDL_INST = 21,
   ORDER_QTY = 38,
   ORD_TYPE = 40,
@@ -35,71 +30,9 @@ enum Tag {
   NO_PARTY_IDS = 453
 };
 
-template <class Value>
-decltype(auto) convert(tvstring const &text) {
-  if constexpr (std::is_same_v<Value, tvstring>)
-    return (text);
-  else if constexpr (std::is_same_v<Value, Binary>)
-    return Binary(text);
-  else if constexpr (std::is_same_v<Value, int>)
-    return Parsing::parseInt(text);
-  else if constexpr (std::is_same_v<Value, char>)
-    return Parsing::parseChar(text);
-  else if constexpr (std::is_same_v<Value, double>)
-    return Parsing::parseDouble(text);
-  else
-    return FIXType::parseUTCTimestamp(text);
-}
-
-// The part if it is exactly a Part, which is told faster than by a cast.
-template <class Part>
-Part *partOf(DataObject *part) {
-  return part != nullptr && typeid(*part) == typeid(Part) ? static_cast<Part *>(part) : nullptr;
-}
-
 }  // namespace
 
 NewOrderSingleParser::~NewOrderSingleParser() noexcept(false) = default;
-
-void NewOrderSingleParser::parse(ExternalObject *object, Binary const &bytes, TransformContext &) {
-  auto *header = partOf<FIXHeader>(object->getHeader());
-  auto *order = partOf<NewOrderSingle>(object->getData());
-  if (header == nullptr || order == nullptr) {
-    SmartPtr<FIXHeader> const newHeader(header = new FIXHeader);
-    SmartPtr<NewOrderSingle> const newOrder(order = new NewOrderSingle);
-    object->setExternalObjects(header, order, nullptr);
-  } else {
-    object->reset();
-  }
-  parseMessage(*header, *order, bytes.asText());
-}
-
-ExternalObject *NewOrderSingleParser::parse(Binary const &bytes, TransformContext &context) {
-  auto object = std::make_unique<ExternalObject>();
-  parse(object.get(), bytes, context);
-  return object.release();
-}
-
-void NewOrderSingleParser::parseMessage(FIXHeader &header, NewOrderSingle &order, tvstring const &message) const {
-  FIXTokenizer tokens(message, SOH);
-  FIXHeaderParser::parseHeader(&header, tokens);
-  Pair pair;
-  while (tokens.next(pair)) {
-    if (parseField(order, pair, tokens)) continue;
-    if (pair.tag != CHECK_SUM) tokens.pushBack(pair);
-    tokens.assertEmpty();
-    assertComplete(order);
-    return;
-  }
-  missingTag(CHECK_SUM);
-}
-
-template <FixedText Name, class Type>
-void NewOrderSingleParser::store(Type &record, Pair const &pair) const {
-  assertTagNew(&record, Type::template index<Name>, pair.tag);
-  using Value = std::remove_cvref_t<decltype(record.template get<Name>())>;
-  record.template set<Name>(convert<Value>(pair.value));
-}
 
 bool NewOrderSingleParser::parseField(NewOrderSingle &order, Pair &pair, FIXTokenizer &tokens) const {
   switch (pair.tag) {
@@ -111,6 +44,9 @@ bool NewOrderSingleParser::parseField(NewOrderSingle &order, Pair &pair, FIXToke
       break;
     case CURRENCY:
       store<"Currency">(order, pair);
+      break;
+    case EXEC_INST:
+      store<"ExecInst">(order, pair);
       break;
     case HANDL_INST:
       store<"HandlInst">(order, pair);
@@ -149,8 +85,7 @@ bool NewOrderSingleParser::parseField(NewOrderSingle &order, Pair &pair, FIXToke
       parseGroup(order.section<"PartyIDs">(), pair, tokens, PARTY_ID);
       break;
     case ENCODED_TEXT_LEN:
-      if (!tokens.nextDataTag(pair, pair.toInt()) || pair.tag != ENCODED_TEXT) missingTag(ENCODED_TEXT);
-      store<"EncodedText">(order, pair);
+      storeData<"EncodedText">(order, pair, tokens, ENCODED_TEXT);
       break;
     default:
       return false;
@@ -187,23 +122,6 @@ bool NewOrderSingleParser::parseField(OrderAllocation &allocation, Pair const &p
       return false;
   }
   return true;
-}
-
-// Each element begins with the same tag; the first tag that is none of the group's goes back.
-template <class Group>
-void NewOrderSingleParser::parseGroup(Group &group, Pair const &counter, FIXTokenizer &tokens, int firstTag) const {
-  assertSectionEmpty(&group, counter.tag);
-  int const expected = counter.toInt();
-  for (Pair pair; tokens.next(pair);) {
-    if (pair.tag == firstTag) group.add();
-    if (group.size() != 0 && parseField(group[group.size() - 1], pair)) continue;
-    tokens.pushBack(pair);
-    break;
-  }
-  if (group.size() == expected) return;
-  raise<FIXParsingException>("Tag '" + intToString(counter.tag) + "' counts " + intToString(expected) +
-                                 " elements, found " + intToString(group.size()) + ".",
-                             SOURCE);
 }
 
 void NewOrderSingleParser::assertComplete(NewOrderSingle &order) const {

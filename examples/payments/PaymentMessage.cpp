@@ -12,19 +12,6 @@ bool isOfClass(int serviceClass, PaymentEntry const &entry) {
 
 }  // namespace
 
-void PaymentChecks::check(bool holds, char const *code, char const *rule, tvstring const &field) {
-  if (holds) return;
-  // A handler that collects lets the next check run; the one that stops throws from here.
-  try {
-    throwFieldInvalid(rule, field);
-  } catch (TransformException &failure) {
-    failure.setInternalCode(code);
-    failure.setFFieldName(field);
-    failure.fillErrorType(ExceptionObject::ERROR_TYPE_VALIDATION);
-    exceptionHandler->onException(&failure);
-  }
-}
-
 template <class Control>
 void PaymentChecks::checkTotals(Control const &control, PaymentTotals const &totals, tvstring const &where) {
   check(control.template get<"EntryCount">() == totals.entries, "PAY-02", "EntryCount", where + "EntryCount");

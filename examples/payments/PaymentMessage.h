@@ -1,5 +1,6 @@
 #pragma once
 
+#include "examples/messages/CodedRules.h"
 #include "examples/messages/PaymentFileParser.h"
 #include "examples/messages/PaymentFileWriter.h"
 
@@ -22,19 +23,15 @@ struct Payments : Record<"Payments",
 // clang-format on
 
 // "Default": what a file must hold wherever it comes from, also one that a host has put together or changed: its
-// batches are of their service class, and its controls agree with its entries. Each failed check goes to the exception
-// handler with its code in "Internal-Code", so that validate2 reports all of them.
-class PaymentChecks : public FieldsValidationRules {
+// batches are of their service class, and its controls agree with its entries.
+class PaymentChecks : public CodedRules {
  public:
-  using FieldsValidationRules::validateData;
-  using FieldsValidationRules::validateHeader;
-  using FieldsValidationRules::validateTrailer;
-  void validateHeader(DataObject *) override {}
+  using CodedRules::validateData;
+  using CodedRules::validateTrailer;
   void validateData(DataObject *header, DataObject *data) override;
   void validateTrailer(DataObject *trailer) override;
 
  private:
-  void check(bool holds, char const *code, char const *rule, tvstring const &field);
   template <class Control>
   void checkTotals(Control const &control, PaymentTotals const &totals, tvstring const &where);
 

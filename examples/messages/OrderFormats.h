@@ -1,0 +1,88 @@
+#pragma once
+
+#include "examples/messages/Order.h"
+
+namespace examples {
+
+// The input channel of a wire format that orders come in: reads a message, asks its validators "Integrity" and
+// "Default", and maps it to the internal message "Order" by the Rules.
+template <class Message, class Rules>
+class OrderInputFormat : public AbstractInputFormat {
+ public:
+  OrderInputFormat() : AbstractInputFormat("Order"), external_(message_.createExternalObject()) {}
+  ~OrderInputFormat() noexcept(false) override = default;
+
+  void parseInput(InputSource &input, DataObject *object, TransformContext &context) override {
+    external_->reset();
+    parseExternal(input, context);
+    SmartPtr<DataObject> const external(external_.get());
+    message_.validate("Integrity", external, context);
+    message_.validate(external, context);
+    rules_.mapFields(external_.get(), object, context);
+  }
+  DataObject *createInputObject() override { return new Order; }
+
+ private:
+  void parseExternal(InputSource &input, TransformContext &context) {
+    try {
+      message_.getInputParser()->parse(external_.get(), input, context);
+    } catch (TransformException &failure) {
+      failure.fillErrorType(ExceptionObject::ERROR_TYPE_PARSING);
+      throw;
+    }
+  }
+
+  Message message_;
+  SmartPtr<ExternalObject> external_;
+  Rules rules_;
+};
+
+// The output channel of a wire format that orders go out in.
+template <class Header, class Body, class Writer, class Rules>
+class OrderOutputFormat : public AbstractOutputFormat {
+ public:
+  OrderOutputFormat() = default;
+  OrderOutputFormat(OrderOutputFormat const &) = delete;
+  ~OrderOutputFormat() noexcept(false) override = default;
+
+  DataObject *createHeader() override { return new Header; }
+  DataObject *createRecordData() override { return new Body; }
+  void mapHeader(DataObject *source, DataObject *header, TransformContext &context) override {
+    mapPart([&] { rules_.mapHeaderFields(source, header, context); });
+  }
+  void mapData(DataObject *source, DataObject *data, TransformContext &context) override {
+    mapPart([&] { rules_.mapDataFields(source, data, context); });
+  }
+  OutputWriter *getOutputWriter() override { return &writer_; }
+
+ private:
+  template <class Map>
+  static void mapPart(Map const &map) {
+    try {
+      map();
+    } catch (TransformException &failure) {
+      failure.fillErrorType(ExceptionObject::ERROR_TYPE_MAPPING);
+      throw;
+    }
+  }
+
+  Writer writer_;
+  Rules rules_;
+};
+
+// For mappings: raises TransformException "A <message> cannot carry <what>" of the field for what an order holds and
+// the target has no place for. Nothing is left out in silence.
+inline void requirePlace(bool hasPlace, char const *message, char const *what, char const *field) {
+  if (hasPlace) return;
+  TransformException failure(tvstring("A ") + message + " cannot carry " + what);
+  failure.setFFieldName(field);
+  throw failure;
+}
+
+// Sets a field of the target if that of the source is not null.
+template <FixedText To, FixedText From, class Target, class Source>
+void copyField(Target &target, Source const &source) {
+  if (!source.template isNull<From>()) target.template set<To>(source.template get<From>());
+}
+
+}  // namespace examples
