@@ -76,7 +76,8 @@ UniversalInputRecord::UniversalInputRecord(UniversalInputRecord const &other)
       currentPosition_(other.currentPosition_),
       previousPosition_(other.previousPosition_),
       enclosingRecord_(other.enclosingRecord_),
-      lineScan_(other.lineScan_) {}
+      lineScan_(other.lineScan_),
+      messageNumber_(other.messageNumber_) {}
 
 UniversalInputRecord::~UniversalInputRecord() noexcept(false) = default;
 
@@ -85,7 +86,7 @@ void UniversalInputRecord::init(Binary const &binary) {
   Binary const bytes = binary.counted();
   UniversalRecord::init(EMPTY_STRING, false, true);
   init(bytes.asText(), bytes, 0, static_cast<int>(bytes.size()), nullptr);
-  lineScan_ = LineScan();
+  ++messageNumber_;
 }
 
 void UniversalInputRecord::init(tvstring const &message, Binary const &binary, int start, int length,
@@ -100,7 +101,10 @@ void UniversalInputRecord::adopt(tvstring const &message, Binary const &binary, 
     return text.data() == bytes.data() && text.length() == bytes.length();
   };
   bool const isSameArray = binary_.isCounted() && binary.data() == rawBytes_ && binary.size() == binary_.size();
-  if (!isSameArray) lineScan_ = LineScan();
+  unsigned const messageNumber = enclosing == nullptr ? messageNumber_ : enclosing->messageNumber_;
+  // An array may hold another message by now.
+  if (!isSameArray || enclosing == nullptr || messageNumber != messageNumber_) lineScan_ = LineScan();
+  messageNumber_ = messageNumber;
   if (!isSameArray || !isOneArray(message, binary) || !isOneArray(message_, binary_)) {
     message_ = isOneArray(message, binary) ? binary.asText() : message;
     binary_ = binary;

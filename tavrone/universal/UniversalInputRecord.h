@@ -326,6 +326,7 @@ class TAVRONE_API UniversalInputRecord : public UniversalRecord {
   int previousPosition_ = 0;
   UniversalInputRecord *enclosingRecord_ = nullptr;
   LineScan lineScan_;
+  unsigned messageNumber_ = 0;  // counts the whole messages; a record cut from another one has that one's
 };
 
 }  // namespace tavrone

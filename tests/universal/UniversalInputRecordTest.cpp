@@ -218,6 +218,16 @@ TEST(UniversalInputRecord, LocatesLinesByWhateverStandsBehindACarriageReturn) {
   }
 }
 
+TEST(UniversalInputRecord, CountsLinesAnewInAMessageThatTookAnothersPlace) {
+  Binary const buffer("a\n\nb", 4);
+  UniversalInputRecord top, child;
+  for (int lines : {2, 1}) {
+    top.init(buffer);
+    EXPECT_EQ(top.getDelimitedRecord(&child, ";", false, true)->getLineOffsetAt(4).first, lines);
+    buffer.set(1, 'x');
+  }
+}
+
 TEST(UniversalInputRecord, SplitsAndTrimsValues) {
   using Record = UniversalInputRecord;
   EXPECT_EQ(str(Record::splitTagValue("T=v", "T") + Record::splitTagValue("T=v", "T", "=")), "=vv");
