@@ -233,7 +233,7 @@ double FCSLineTokenizer::readFraction() const {
 
 void FCSLineTokenizer::assertEmpty(char const *lineName) const {
   if (hasMoreTokens())
-    fail(tvstring("Error parsing line '") + lineName + "', unexpected tokens at the end of line. Remaining '" +
+    fail("Error parsing line '" + tvstring(lineName) + "', unexpected tokens at the end of line. Remaining '" +
          peekRest() + "'");
 }
 
@@ -252,10 +252,10 @@ void FCSLineTokenizer::additionalLinesAtEndError() {
 }
 void FCSLineTokenizer::lineLengthError(char const *name, int limit) {
   raise<FCSParseException>(
-      tvstring("The length of line '") + name + "' exceeds the allowed length - " + intToString(limit), SOURCE);
+      "The length of line '" + tvstring(name) + "' exceeds the allowed length - " + intToString(limit), SOURCE);
 }
 void FCSLineTokenizer::missingFieldError(char const *field, tvstring const &line) {
-  raise<FCSParseException>(tvstring("Expected field '") + field + "' in line " + line, SOURCE);
+  raise<FCSParseException>("Expected field '" + tvstring(field) + "' in line " + line, SOURCE);
 }
 
 }  // namespace tavrone

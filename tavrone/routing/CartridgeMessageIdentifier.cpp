@@ -1,7 +1,6 @@
 #include "tavrone/routing/CartridgeMessageIdentifier.h"
-#include "tavrone/context/Factory.h"
 
-#include "tavrone/context/UserClassManager.h"
+#include "tavrone/context/Factory.h"
 #include "tavrone/core/Raise.h"
 
 namespace tavrone {

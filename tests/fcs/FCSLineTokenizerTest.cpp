@@ -119,7 +119,8 @@ TEST(FCSLineTokenizer, RaisesTheFailuresOfGeneratedParsers) {
                      {"Unrecognized lines at the end", &FCSLineTokenizer::additionalLinesAtEndError},
                      {"The length of line 'Side' exceeds the allowed length - 9",
                       [] { FCSLineTokenizer::lineLengthError("Side", 9); }},
-                     {"Expected field 'Price' in line 3", [] { FCSLineTokenizer::missingFieldError("Price", "3"); }}};
+                     {"Expected field 'Price' in line 3", [] { FCSLineTokenizer::missingFieldError("Price", "3"); }},
+                     {"Expected field '' in line 3", [] { FCSLineTokenizer::missingFieldError(nullptr, "3"); }}};
   for (auto const &c : cases) {
     Failure const failure = failureOf<FCSParseException>(c.call);
     EXPECT_EQ(words(failure.source, failure.text), words("cpp/fcs/FCSLineTokenizer", c.text));
