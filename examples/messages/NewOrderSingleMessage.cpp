@@ -40,8 +40,8 @@ void NewOrderSingleRules::validateData(DataObject *, DataObject *data) {
 void NewOrderSingleToOrder::mapFields0(ExternalObject *source, DataObject *target) {
   auto const &from = *checkedCast<NewOrderSingle>(source->getData());
   auto &order = *checkedCast<Order>(target);
-  requirePlace(from.isNull<"StopPx">(), "order of this desk", "a stop price", "StopPx");
-  requirePlace(from.isNull<"EncodedText">(), "order of this desk", "an encoded text", "EncodedText");
+  requirePlace(from.isNull<"StopPx">(), "An order of this desk", "a stop price", "StopPx");
+  requirePlace(from.isNull<"EncodedText">(), "An order of this desk", "an encoded text", "EncodedText");
   order.set<"OrderID">(from.get<"ClOrdID">());
   order.set<"Symbol">(from.get<"Symbol">());
   order.set<"Side">(from.get<"Side">() == BUY ? 'B' : 'S');
@@ -69,7 +69,7 @@ void OrderToNewOrderSingle::mapHeaderFields0(DataObject *source, DataObject *tar
 void OrderToNewOrderSingle::mapDataFields0(DataObject *source, DataObject *target) {
   auto const &order = *checkedCast<Order>(source);
   auto &to = *checkedCast<NewOrderSingle>(target);
-  requirePlace(order.section<"Legs">().isEmpty(), "NewOrderSingle", "legs", "Legs");
+  requirePlace(order.section<"Legs">().isEmpty(), "A NewOrderSingle", "legs", "Legs");
   to.set<"ClOrdID">(order.get<"OrderID">());
   to.set<"HandlInst">('1');
   to.set<"Symbol">(order.get<"Symbol">());

@@ -53,6 +53,9 @@ class OrderOutputFormat : public AbstractOutputFormat {
   void mapData(DataObject *source, DataObject *data, TransformContext &context) override {
     mapPart([&] { rules_.mapDataFields(source, data, context); });
   }
+  void mapTrailer(DataObject *source, DataObject *data, DataObject *trailer, TransformContext &context) override {
+    mapPart([&] { rules_.mapTrailerFields(source, data, trailer, context); });
+  }
   OutputWriter *getOutputWriter() override { return &writer_; }
 
  private:
@@ -70,11 +73,11 @@ class OrderOutputFormat : public AbstractOutputFormat {
   Rules rules_;
 };
 
-// For mappings: raises TransformException "A <message> cannot carry <what>" of the field for what an order holds and
+// For mappings: raises TransformException "<message> cannot carry <what>" of the field for what an order holds and
 // the target has no place for. Nothing is left out in silence.
 inline void requirePlace(bool hasPlace, char const *message, char const *what, char const *field) {
   if (hasPlace) return;
-  TransformException failure(tvstring("A ") + message + " cannot carry " + what);
+  TransformException failure(tvstring(message) + " cannot carry " + what);
   failure.setFFieldName(field);
   throw failure;
 }
