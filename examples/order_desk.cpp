@@ -22,14 +22,17 @@
 #include <system_error>
 #include <vector>
 
+#include "examples/messages/OrderLineParser.h"
 #include "examples/order_desk/FileOutputProtocol.h"
-#include "examples/order_desk/OrderLineParser.h"
 #include "tavrone/tavrone.h"
 
 using namespace tavrone;
 using namespace examples;
 
 namespace {
+
+[[maybe_unused]] bool const BOUND =
+    bindFactory<OrderLineFormat>("OrderLine") && registerClass<OrderLineIdentifier>("OrderLineIdentifier");
 
 // A text from outside as it may go to a terminal: bytes that are not printable are shown by their codes, and what is
 // longer than `width` is cut.

@@ -1,6 +1,6 @@
 #include "examples/order_desk/OrderFlow.h"
 
-#include "examples/order_desk/OrderLineParser.h"
+#include "examples/messages/OrderLineParser.h"
 
 namespace examples {
 

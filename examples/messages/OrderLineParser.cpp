@@ -1,13 +1,10 @@
-#include "examples/order_desk/OrderLineParser.h"
+#include "examples/messages/OrderLineParser.h"
 
 #include <algorithm>
 
 namespace examples {
 
 namespace {
-
-[[maybe_unused]] bool const BOUND =
-    bindFactory<OrderLineFormat>("OrderLine") && registerClass<OrderLineIdentifier>("OrderLineIdentifier");
 
 using OrderLineHeader = Record<"OrderLineHeader", Field<"MessageFormat", tvstring>>;
 
