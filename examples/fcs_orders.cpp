@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <string>
 
+#include "examples/Terminal.h"
 #include "examples/messages/FCSOrder.h"
 
 using namespace tavrone;
@@ -18,14 +19,6 @@ namespace {
 [[maybe_unused]] bool const BOUND =
     bindFactory<FCSOrderMessage>("FCSOrder.message") && bindFactory<FCSCancelMessage>("FCSCancel.message") &&
     bindFactory<FCSReportMessage>("FCSReport.message") && bindFactory<FCSOrderFormat>("FCSOrder");
-
-// A text from outside as it may go to a terminal. Every byte takes one place, so that marks stand where they should.
-std::string shown(tvstring const &text) {
-  std::string out(text.data(), text.length());
-  for (char &c : out)
-    if (c < ' ' || c > '~') c = '?';
-  return out;
-}
 
 class Desk {
  public:

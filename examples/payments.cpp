@@ -5,20 +5,13 @@
 
 #include <cstdio>
 
+#include "examples/Terminal.h"
 #include "examples/payments/PaymentMessage.h"
 
 using namespace tavrone;
 using namespace examples;
 
 namespace {
-
-// A text from outside as it may go to a terminal.
-std::string shown(tvstring const &text) {
-  std::string out(text.data(), text.length());
-  for (char &c : out)
-    if (c < ' ' || c > '~') c = '?';
-  return out;
-}
 
 class PaymentDesk {
  public:
@@ -46,21 +39,10 @@ class PaymentDesk {
  private:
   bool refuse(Result<SmartPtr<DataObject>> const &result) {
     if (result.exceptions.empty()) return false;
-    for (ExceptionDataObject const *failure : result.exceptions) print(*failure);
+    for (ExceptionDataObject const *failure : result.exceptions) printFailure(*failure);
     failures_ += static_cast<int>(result.exceptions.size());
     ++refused_;
     return true;
-  }
-
-  // Failures of the parser know their place in the file; those of the rules have a code.
-  static void print(ExceptionDataObject const &failure) {
-    tvstring const line = failure.getContextProperty(ExceptionObject::getLINE());
-    tvstring const place =
-        line.empty() ? failure.getContextProperty(ExceptionObject::INTERNAL_CODE)
-                     : "line " + line + ", column " + failure.getContextProperty(ExceptionObject::getCOLUMN());
-    bool const hasField = failure.isNotNull(failure.getFieldIndex("FieldName"));
-    std::printf("  ! %-20s %-32s %s\n", shown(place).c_str(), hasField ? shown(failure.getFFieldName()).c_str() : "",
-                shown(failure.getMessage()).c_str());
   }
 
   // What was put together here goes through the same rules as what came in: the controls tell a changed amount.
@@ -72,7 +54,7 @@ class PaymentDesk {
     entry.set<"Amount">(entry.get<"Amount">() + 1);
     std::printf("  with one cent more in the first entry:\n");
     Result<SmartPtr<DataObject>> const checked = message_->validate2(file, context_);
-    for (ExceptionDataObject const *failure : checked.exceptions) print(*failure);
+    for (ExceptionDataObject const *failure : checked.exceptions) printFailure(*failure);
   }
 
   void printPayments(SmartPtr<DataObject> const &file) {

@@ -7,23 +7,9 @@ namespace examples {
 
 namespace {
 
-constexpr char const *SOURCE = "examples/PaymentFileParser";
-
 using RecordPtr = SmartPtr<UniversalInputRecord>;
 
 constinit tvstringliteral const LINE_FEED("\n");
-
-[[noreturn]] void fail(tvstring const &message) {
-  raise<TransformException>(message, SOURCE);
-}
-
-// Digits and nothing else: Parsing::parseLong takes signs too, and lets numbers that are too long wrap around.
-long long parseDigits(tvstring const &text) {
-  auto const isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  if (text.length() > 18 || !std::all_of(text.data(), text.data() + text.length(), isDigit))
-    fail("Cannot convert '" + text + "' to a number");
-  return Parsing::parseLong(text);
-}
 
 template <FixedText Name, class Part>
 void readText(Part &part, tvstring const &text) {
@@ -237,22 +223,6 @@ bool PaymentFileParser::readPart(Part &part, UniversalInputRecord *line, AfterFi
     line->assertCompleted();
     line->endSequence();
   });
-}
-
-template <class Call>
-bool PaymentFileParser::report(UniversalInputRecord *record, AbstractDataObject *object, Call const &call) {
-  try {
-    try {
-      call();
-      return true;
-    } catch (TransformException &failure) {
-      handleException(failure, record, object);
-    }
-  } catch (TransformException &located) {
-    located.fillErrorType(ExceptionObject::ERROR_TYPE_PARSING);
-    exceptionHandler->onException(&located);
-  }
-  return false;
 }
 
 }  // namespace examples

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "examples/messages/PaymentFile.h"
+#include "examples/messages/ReportingParser.h"
 
 namespace examples {
 
@@ -9,7 +10,7 @@ namespace examples {
 // on, the walk continues with the next line, so that one pass finds all failures of a file. What was read of a broken
 // header or control stays; a broken entry is left out, and the controls above it are then not compared with their
 // entries.
-class PaymentFileParser : public UniversalInputParser {
+class PaymentFileParser : public ReportingParser {
  public:
   ~PaymentFileParser() noexcept(false) override = default;
 
@@ -30,9 +31,6 @@ class PaymentFileParser : public UniversalInputParser {
   template <class Part, class AfterField = void (*)(int)>
   bool readPart(
       Part &part, UniversalInputRecord *line, AfterField const &afterField = [](int) {});
-  // Passes what the call raises on to the exception handler, located in the record; whether it raised nothing.
-  template <class Call>
-  bool report(UniversalInputRecord *record, AbstractDataObject *object, Call const &call);
 };
 
 }  // namespace examples
