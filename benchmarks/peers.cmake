@@ -2,6 +2,8 @@
 #   peer(XMLBenchmark libpugixml-dev pugixml.hpp pugixml)
 peer(FIXBenchmark libquickfix-dev quickfix/Message.h quickfix)
 older(FIXBenchmark peers/QuickFIXPeer.cpp)
+peer(FIXWriteBenchmark libquickfix-dev quickfix/Message.h quickfix)
+older(FIXWriteBenchmark peers/QuickFIXPeer.cpp)
 peer(StorageBenchmark libpugixml-dev pugixml.hpp pugixml)
 peer(StorageBenchmark libprotobuf-dev google/protobuf/message.h protobuf)
 proto(StorageBenchmark Order.proto)

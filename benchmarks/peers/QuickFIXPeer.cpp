@@ -4,6 +4,20 @@
 #include <quickfix/Message.h>
 #include <quickfix/fix44/NewOrderSingle.h>
 
+namespace {
+
+// Sets one field of a message or its header.
+struct FieldSetter {
+  void operator()(int tag, char const *, std::string const &value) const { map.setField(FIX::StringField(tag, value)); }
+  void operator()(int tag, char const *, int value) const { map.setField(FIX::IntField(tag, value)); }
+  void operator()(int tag, char const *, double value) const { map.setField(FIX::DoubleField(tag, value)); }
+  void operator()(int tag, char const *, char value) const { map.setField(FIX::CharField(tag, value)); }
+
+  FIX::FieldMap &map;
+};
+
+}  // namespace
+
 struct QuickFIXPeer::State {
   State() {
     dictionary.addFieldType(FIX::FIELD::RawData, FIX::TYPE::Data);
@@ -27,9 +41,20 @@ struct QuickFIXPeer::State {
     return field;
   }
 
+  template <class Values>
+  std::string const &write(Values const &values) {
+    message.clear();
+    FIX::Header &header = message.getHeader();
+    header.setField(FIX::BeginString("FIX.4.4"));
+    values.headerFields(Values::TYPE, FieldSetter{header});
+    values.fields(FieldSetter{message});
+    return message.toString(text);
+  }
+
   FIX::DataDictionary dictionary;
   FIX::Message message;
   FIX44::NewOrderSingle order;
+  std::string text;
 };
 
 QuickFIXPeer::QuickFIXPeer() : state_(new State) {}
@@ -55,4 +80,11 @@ double QuickFIXPeer::readOrder(std::string const &text) {
                       State::get<OrdType>(order).getValue() + State::get<TransactTime>(order).getValue().getSecond();
   return State::get<OrderQty>(order).getValue() + State::get<Price>(order).getValue() + numbers +
          static_cast<double>(lengths);
+}
+
+std::string const &QuickFIXPeer::write(NewOrderSingleValues<std::string> const &values) {
+  return state_->write(values);
+}
+std::string const &QuickFIXPeer::write(ExecutionReportValues<std::string> const &values) {
+  return state_->write(values);
 }

@@ -3,6 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "benchmarks/peers/FIXMessages.h"
+
 // QuickFIX behind a plain interface: its headers need C++14, whose throw(...) lists are gone since.
 class QuickFIXPeer {
  public:
@@ -15,6 +17,11 @@ class QuickFIXPeer {
 
   // A NewOrderSingle read with a dictionary, and its fields by typed getters; the sum of what is a number.
   double readOrder(std::string const &text);
+
+  // The message built from its values by typed fields, and its text with BodyLength and CheckSum. The text is good
+  // until the next call; message and text use their room again.
+  std::string const &write(NewOrderSingleValues<std::string> const &values);
+  std::string const &write(ExecutionReportValues<std::string> const &values);
 
  private:
   struct State;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 #include "examples/messages/Order.h"
@@ -73,6 +74,23 @@ TEST(FIXOutputWriter, PutsLengthAndSumWhereTheStandardWantsThem) {
   EXPECT_EQ(text.substr(text.length() - 7), "10=062\x01");
   writer.initMessage();
   EXPECT_EQ(text.substr(0, 9), "8=FIX.4.2") << "a text that was handed out stays";
+}
+
+TEST(FIXOutputWriter, WritesValuesOfAnyLengthWhole) {
+  FIXWriter writer;
+  writer.setChecksum(false);
+  std::string value, body;
+  writer.appendField("8", "FIX");
+  for (size_t n = 1; n < 60; ++n) {
+    value += static_cast<char>('A' + n % 26);
+    body += "58=" + value + "|";
+    writer.appendField("58", tvstring(value.data(), n));
+  }
+  for (double const number : {-999999999999999.9, -1e15, 1e300, -std::numeric_limits<double>::infinity()}) {
+    body += "44=" + str(doubleToString(number)) + "|";
+    writer.appendField("44", number);
+  }
+  EXPECT_EQ(writer.end(), "8=FIX|9=" + std::to_string(body.size()) + "|" + body);
 }
 
 TEST(FIXOutputWriter, SumsBytesOfAnyLengthAsTheirPlainSum) {
