@@ -56,7 +56,6 @@ class TagValueIntegrity : public CodedRules {
 template <class Self, class Body, class Wire>
 class TagValueMessageParser : public Wire::InputParser {
  public:
-  using typename Wire::InputParser::InputParser;
   ~TagValueMessageParser() noexcept(false) override = default;
 
   using Wire::InputParser::parse;

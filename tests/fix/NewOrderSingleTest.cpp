@@ -38,7 +38,9 @@ TEST(NewOrderSingleParser, FillsHeaderGroupsAndDataAndFillsThemAgain) {
                                   {"354=3|11=abc|", "Tag '355' expected."},
                                   {required, "Tag '10' expected."}};
   for (auto const &[body, text] : cases)
-    EXPECT_EQ(failureOf<FIXParsingException>([&] { parser.parse(object.get(), message(body), context); }).text, text);
+    EXPECT_EQ(
+        failureOf<FIXParsingException>([&, &rest = body] { parser.parse(object.get(), message(rest), context); }).text,
+        text);
 }
 
 std::string sealed(std::string body) {
