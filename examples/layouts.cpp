@@ -6,6 +6,8 @@
 #include <cstdio>
 
 #include "examples/Terminal.h"
+#include "examples/messages/MainframeOrder.h"
+#include "examples/messages/TaggedOrder.h"
 #include "examples/messages/TradeFile.h"
 
 using namespace tavrone;
@@ -89,6 +91,8 @@ int main(int argc, char **argv) {
   try {
     Desk desk(argv[1]);
     desk.show<TradeFileLayout, TradeFile>("delimited", "trades.txt", "trades_broken.txt");
+    desk.show<TaggedOrderLayout, TaggedOrderFile>("length-preceded", "tagged_orders.txt", "tagged_orders_broken.txt");
+    desk.show<MainframeLayout, MainframeFile>("mainframe", "mainframe_orders.bin", "mainframe_orders_broken.bin");
     return desk.finish() ? 0 : 1;
   } catch (Exception const &failure) {
     std::fprintf(stderr, "%s\n", shown(failure.getMessage()).c_str());
