@@ -71,7 +71,9 @@ void AbstractOutputFormat::write(DataObject *source, TransformContext &context) 
 }
 
 SimpleOutputWriter *AbstractOutputFormat::getSimpleOutputWriter() {
-  return checkedCast<SimpleOutputWriter>(getOutputWriter());
+  OutputWriter *const writer = getOutputWriter();
+  SimpleOutputWriter *const simple = simpleWriter_(writer);
+  return simple != nullptr ? simple : checkedCast<SimpleOutputWriter>(writer);
 }
 
 tvstring AbstractOutputFormat::writeOutput(ExternalObject &object, TransformContext &context) {

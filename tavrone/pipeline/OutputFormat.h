@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tavrone/context/LookupContext.h"
+#include "tavrone/core/RememberedCast.h"
 #include "tavrone/pipeline/IOutputFormat.h"
 
 namespace tavrone {
@@ -40,6 +41,9 @@ class TAVRONE_API AbstractOutputFormat : public IOutputFormat {
 
   SmartPtr<ILookupContext> lookupContext_;
   OutputDevice *outputDevice_ = nullptr;
+
+ private:
+  RememberedCast<SimpleOutputWriter, OutputWriter> simpleWriter_;
 };
 
 // Writes the source's XML to the device that "output.device" names; maps nothing and has no writer.
