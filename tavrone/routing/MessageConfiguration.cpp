@@ -26,7 +26,7 @@ uint64_t MessageConfiguration::keyOf(tvstring const &text) {
 // asked itself, which costs no wrapper for each.
 class MessageConfiguration::HeaderFields {
  public:
-  explicit HeaderFields(DataObject *header) : object_(header), adapter_(header, false) {}
+  HeaderFields(DataObject *header, HeaderCast &cast) : object_(header), cast_(cast), adapter_(header, false) {}
 
   bool hasFormat(uint64_t key, tvstring const &wanted) {
     return format_.equals(key, wanted, [this] { return header().getMessageFormat(); });
@@ -64,12 +64,13 @@ class MessageConfiguration::HeaderFields {
 
   MessageHeader &header() {
     if (header_ != nullptr) return *header_;
-    auto *const own = dynamic_cast<MessageHeader *>(object_);
+    auto *const own = cast_(object_);
     header_ = own != nullptr && own->tellsItsFields() ? own : &adapter_;
     return *header_;
   }
 
   DataObject *object_;
+  HeaderCast &cast_;
   MessageHeaderAdapter adapter_;
   MessageHeader *header_ = nullptr;  // null until a field is read
   Field format_;
@@ -79,15 +80,16 @@ class MessageConfiguration::HeaderFields {
 };
 
 MessageConfiguration *MessageConfiguration::firstMatch(std::vector<MessageConfiguration *> const &configurations,
-                                                       DataObject *header) {
-  HeaderFields fields(header);
+                                                       DataObject *header, HeaderCast &cast) {
+  HeaderFields fields(header, cast);
   for (MessageConfiguration *configuration : configurations)
     if (configuration->matches(fields)) return configuration;
   return nullptr;
 }
 
 bool MessageConfiguration::isMatch(DataObject *header) const {
-  HeaderFields fields(header);
+  HeaderCast cast;
+  HeaderFields fields(header, cast);
   return matches(fields);
 }
 

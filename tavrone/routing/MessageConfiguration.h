@@ -4,9 +4,12 @@
 #include <vector>
 
 #include "tavrone/core/Properties.h"
+#include "tavrone/core/RememberedCast.h"
 #include "tavrone/dataobject/DataObject.h"
 
 namespace tavrone {
+
+class MessageHeader;
 
 // Which messages are meant, and what their transformation is told. A configuration with nothing set matches every
 // header.
@@ -39,10 +42,11 @@ class TAVRONE_API MessageConfiguration {
  private:
   friend class MessageRouter;
   class HeaderFields;
+  using HeaderCast = RememberedCast<MessageHeader, DataObject>;
 
   // The first that matches, or null. Reads each header field at most once, however many configurations ask for it.
-  static MessageConfiguration *firstMatch(std::vector<MessageConfiguration *> const &configurations,
-                                          DataObject *header);
+  static MessageConfiguration *firstMatch(std::vector<MessageConfiguration *> const &configurations, DataObject *header,
+                                          HeaderCast &cast);
   bool matches(HeaderFields &header) const;
   static uint64_t keyOf(tvstring const &text);
 

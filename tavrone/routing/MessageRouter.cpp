@@ -55,7 +55,7 @@ MessageConfiguration *MessageRouter::getMessageConfiguration(InputSource &input)
   if (identificationService_ == nullptr) raise<TransformException>("No message identification service is set", SOURCE);
   SmartPtr<DataObject> const header = identificationService_->identifyMessage(input);
   if (header.isNull()) raise<UnrecognizedMessageException>("Unrecognized message format", SOURCE, 81);
-  if (auto *match = MessageConfiguration::firstMatch(messageConfigurations_, header.get())) return match;
+  if (auto *match = MessageConfiguration::firstMatch(messageConfigurations_, header.get(), headerCast_)) return match;
   raise<UnhandledMessageException>("Cannot handle message " + header->toXMLString(), SOURCE, 89);
 }
 

@@ -60,6 +60,7 @@ class TAVRONE_API MessageRouter : public Object {
   mutable SmartPtr<IInputFormat> currentFormat_;  // null after a failed look-up, whatever currentFormatName_ says
   mutable std::map<tvstring, SmartPtr<IInputFormat>> formatCache_;
   bool ownsIdentificationService_;
+  mutable MessageConfiguration::HeaderCast headerCast_;
 };
 
 }  // namespace tavrone
