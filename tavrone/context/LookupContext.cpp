@@ -1,11 +1,14 @@
 #include "tavrone/context/LookupContext.h"
 
+#include <map>
+
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/pipeline/IInputFormat.h"
 #include "tavrone/pipeline/IMessage.h"
 #include "tavrone/pipeline/IMessageMapping.h"
 #include "tavrone/pipeline/IOutputFormat.h"
+#include "tavrone/pipeline/OutputDevice.h"
 #include "tavrone/routing/IMessageFlow.h"
 
 namespace tavrone {
@@ -17,6 +20,25 @@ void refuse(Object *object) {
   auto const *counted = dynamic_cast<ObjectRef *>(object);
   if (counted != nullptr && counted->getRefCount() == 0) object->addRef();
   ObjectRef::releaseRef(object);
+}
+
+// What is bound, and each binding of an output protocol once more as that: every message looks one up, and a cast from
+// Object is dear. Objects go first at exit.
+struct Directory {
+  std::multimap<Object const *, IOutputProtocol *> protocols;
+  ObjectPtrMap<Object> objects;
+};
+Directory &directory() {
+  static Directory bound;
+  return bound;
+}
+
+void noteBound(Object *object) {
+  if (auto *const protocol = dynamic_cast<IOutputProtocol *>(object)) directory().protocols.emplace(object, protocol);
+}
+void noteUnbound(Object const *object) {
+  auto const entry = directory().protocols.find(object);
+  if (entry != directory().protocols.end()) directory().protocols.erase(entry);
 }
 
 // Text of its own: what threads share has no count that they touch.
@@ -32,8 +54,7 @@ Object *LookupContextImpl::clone() const {
 }
 
 ObjectPtrMap<Object> &LookupContextImpl::getLookupContextList() {
-  static ObjectPtrMap<Object> directory;
-  return directory;
+  return directory().objects;
 }
 
 Object *LookupContextImpl::lookupComponent(tvstring const &name) {
@@ -73,7 +94,10 @@ SmartPtr<INormalizedObjectMappingFormat> LookupContextImpl::lookupNormalizedObje
 }
 
 IOutputProtocol *LookupContextImpl::lookupOutputProtocol(tvstring const &name) {
-  if (auto *protocol = dynamic_cast<IOutputProtocol *>(lookup(name))) return protocol;
+  Object *const object = lookup(name);
+  auto const known = directory().protocols.find(object);
+  if (known != directory().protocols.end()) return known->second;
+  if (auto *protocol = dynamic_cast<IOutputProtocol *>(object)) return protocol;
   raise<NamingException>("Device not available at " + name, "cpp/LookupContextImpl");
 }
 
@@ -101,6 +125,7 @@ void LookupContextImpl::bind(tvstring const &name, Object *object) {
   auto const [entry, inserted] = getLookupContextList().try_emplace(copyOf(name), object);
   if (inserted) {
     ObjectRef::addRef(object);
+    noteBound(object);
     return;
   }
   if (entry->second != object) refuse(object);
@@ -108,26 +133,28 @@ void LookupContextImpl::bind(tvstring const &name, Object *object) {
 }
 
 void LookupContextImpl::rebind(tvstring const &name, Object *object) {
-  ObjectPtrMap<Object> &directory = getLookupContextList();
-  auto const entry = directory.find(name);
-  if (entry != directory.end() && entry->second == object) return;
+  ObjectPtrMap<Object> &objects = getLookupContextList();
+  auto const entry = objects.find(name);
+  if (entry != objects.end() && entry->second == object) return;
   LookupContextImpl::unbind(name);
   ObjectRef::addRef(object);
-  directory.emplace(copyOf(name), object);
+  objects.emplace(copyOf(name), object);
+  noteBound(object);
 }
 
 Object *LookupContextImpl::lookup(tvstring const &name) {
-  ObjectPtrMap<Object> const &directory = getLookupContextList();
-  auto const entry = directory.find(name);
-  return entry == directory.end() ? nullptr : entry->second;
+  ObjectPtrMap<Object> const &objects = getLookupContextList();
+  auto const entry = objects.find(name);
+  return entry == objects.end() ? nullptr : entry->second;
 }
 
 void LookupContextImpl::unbind(tvstring const &name) {
-  ObjectPtrMap<Object> &directory = getLookupContextList();
-  auto const entry = directory.find(name);
-  if (entry == directory.end()) return;
+  ObjectPtrMap<Object> &objects = getLookupContextList();
+  auto const entry = objects.find(name);
+  if (entry == objects.end()) return;
   Object *const object = entry->second;
-  directory.erase(entry);
+  objects.erase(entry);
+  noteUnbound(object);
   ObjectRef::releaseRef(object);
 }
 
