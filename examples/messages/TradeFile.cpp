@@ -73,6 +73,7 @@ bool TradeFileParser::readNext(Part &part, UniversalInputRecord *line) {
   return report(line, &part, [&] {
     if (INDEX == Part::FIRST_OPTIONAL) line->startTrailingFields();
     tvstring const text = line->getDelimitedField(COMMA, QUOTE);
+    if (text.find(QUOTE) != tvstring::npos) fail("A quote within a field");  // which could not be written
     if (!checkNull(text)) readField<Name>(part, text);
     if (INDEX < Part::FIRST_OPTIONAL) assertNotNull(&part, INDEX);
   });
