@@ -29,8 +29,7 @@ class MessageIdentificationService::Identifiers : public ObjectRef {
 MessageIdentificationService *MessageIdentificationService::getDefault() {
   struct DefaultService : MessageIdentificationService {
     DefaultService() {
-      for (tvstringliteral const className : DEFAULT_IDENTIFIERS)
-        registerMessageIdentifer(className);
+      for (tvstringliteral const className : DEFAULT_IDENTIFIERS) registerMessageIdentifer(className);
       defaultService = this;
     }
   };
