@@ -2,17 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "tests/Failure.h"
+#include "tests/TagValueText.h"
 
 namespace examples {
 namespace {
-
-Binary bytes(std::string text) {
-  std::replace(text.begin(), text.end(), '|', '\x01');
-  return Binary(text.data(), text.size());
-}
 
 TEST(ExecutionReport, WritesWhatWasReadWithItsContraBrokersAndChecksTheirShares) {
   SmartPtr<ExecutionReportMessage> const message(new ExecutionReportMessage);

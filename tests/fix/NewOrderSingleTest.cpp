@@ -1,17 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "examples/messages/NewOrderSingleMessage.h"
 #include "tests/Failure.h"
+#include "tests/TagValueText.h"
 
 namespace examples {
 namespace {
 
-Binary message(std::string body) {
-  body = "8=FIX.4.4|35=D|34=7|" + body;
-  std::replace(body.begin(), body.end(), '|', '\x01');
-  return Binary(body.data(), body.size());
+Binary message(std::string const &body) {
+  return bytes("8=FIX.4.4|35=D|34=7|" + body);
 }
 
 TEST(NewOrderSingleParser, FillsHeaderGroupsAndDataAndFillsThemAgain) {
@@ -41,17 +38,6 @@ TEST(NewOrderSingleParser, FillsHeaderGroupsAndDataAndFillsThemAgain) {
     EXPECT_EQ(
         failureOf<FIXParsingException>([&, &rest = body] { parser.parse(object.get(), message(rest), context); }).text,
         text);
-}
-
-std::string sealed(std::string body) {
-  std::replace(body.begin(), body.end(), '|', '\x01');
-  std::string const text =
-      "8=FIX.4.4\x01"
-      "9=" +
-      std::to_string(body.size()) + '\x01' + body;
-  char sum[8];
-  std::snprintf(sum, sizeof sum, "10=%03d\x01", FIXOutputWriter::generateCheckSum(text.data(), unsigned(text.size())));
-  return text + sum;
 }
 
 // The codes of what a validator reports for the bytes.

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <climits>
 #include <functional>
 
@@ -14,6 +13,7 @@
 #include "tavrone/siaccanonical/SIACCanonicalType.h"
 #include "tests/Cases.h"
 #include "tests/Failure.h"
+#include "tests/TagValueText.h"
 #include "tests/core/AllocationCount.h"
 #include "tests/fix/TagValueReference.h"
 
@@ -51,11 +51,6 @@ struct SIACCanonical {
   static constexpr char const *brokenNumber = "10001=Ca|10007=x7|";
   static constexpr int number = 9;
 };
-
-std::string withSOH(std::string text) {
-  std::replace(text.begin(), text.end(), '|', '\x01');
-  return text;
-}
 
 template <class Format>
 struct TagValue : testing::Test {

@@ -2,17 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "tests/Failure.h"
+#include "tests/TagValueText.h"
 
 namespace examples {
 namespace {
-
-Binary bytes(std::string text) {
-  std::replace(text.begin(), text.end(), '|', '\x01');
-  return Binary(text.data(), text.size());
-}
 
 std::string const FIELDS = "10003=ORD|10007=7|11001=AB-1|11002=F|11003=B|11004=300|11006=20240315-14:30:00|";
 
