@@ -69,10 +69,17 @@ class FIXMessageWriter : public TagValueMessageWriter<FIXWire> {
 
  protected:
   template <class Group, class WriteElement>
-  void writeGroup(char const *counterTag, Group const &group, WriteElement const &writeElement) {
+  void writeGroup(char const *counterTag, Group &group, WriteElement const &writeElement) {
     if (group.size() == 0) return;
     appendField(counterTag, group.size());
-    for (auto const &element : group) writeElement(element);
+    for (auto &element : group) writeElement(element);
+  }
+  // The same for a group that must have elements: without any it fails as a required field does.
+  template <FixedText Name, class Type, class WriteElement>
+  void writeRequiredGroup(char const *counterTag, Type &record, WriteElement const &writeElement) {
+    auto &group = record.template section<Name>();
+    if (group.size() == 0) requiredFieldMissing(&record, Type::template index<Name>, Parsing::parseInt(counterTag));
+    writeGroup(counterTag, group, writeElement);
   }
 };
 
