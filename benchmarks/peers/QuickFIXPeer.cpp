@@ -4,6 +4,10 @@
 #include <quickfix/Message.h>
 #include <quickfix/fix44/NewOrderSingle.h>
 
+#include <cmath>
+#include <cstdio>
+#include <stdexcept>
+
 namespace {
 
 // Sets one field of a message or its header.
@@ -80,6 +84,37 @@ double QuickFIXPeer::readOrder(std::string const &text) {
                       State::get<OrdType>(order).getValue() + State::get<TransactTime>(order).getValue().getSecond();
   return State::get<OrderQty>(order).getValue() + State::get<Price>(order).getValue() + numbers +
          static_cast<double>(lengths);
+}
+
+std::string const &QuickFIXPeer::orderLine(std::string const &text) {
+  using namespace FIX;
+  FIX44::NewOrderSingle &order = state_->order;
+  order.setString(text, true, &state_->dictionary);
+  if (State::get<MsgType>(order.getHeader()).getValue() != MsgType_NewOrderSingle) throw UnsupportedMessageType();
+  ClOrdID const number = State::get<ClOrdID>(order);
+  Account const account = State::get<Account>(order);
+  Symbol const symbol = State::get<Symbol>(order);
+  char const side = State::get<Side>(order).getValue();
+  double const quantity = State::get<OrderQty>(order).getValue();
+  double const price = State::get<Price>(order).getValue();
+  UtcTimeStamp const time = State::get<TransactTime>(order).getValue();
+  bool const isAllOrNone = order.isSetField(FIELD::ExecInst) &&
+                           State::get<ExecInst>(order).getString().find(ExecInst_ALL_OR_NONE) != std::string::npos;
+  std::string const note = order.isSetField(FIELD::Text) ? State::get<Text>(order).getString() : std::string();
+  if (State::get<OrdType>(order).getValue() != OrdType_LIMIT || (side != Side_BUY && side != Side_SELL) ||
+      quantity <= 0 || quantity != std::floor(quantity) || price <= 0)
+    throw IncorrectTagValue();
+  int year, month, day, hour, minute, second, millisecond;
+  time.getYMD(year, month, day);
+  time.getHMS(hour, minute, second, millisecond);
+  char line[512];
+  int const length =
+      std::snprintf(line, sizeof line, "%s|%s|%s|%c|%d|%.2f|%04d%02d%02d|%04d%02d%02d-%02d:%02d:%02d|%c|%s\n",
+                    number.getString().c_str(), account.getString().c_str(), symbol.getString().c_str(),
+                    side == Side_BUY ? 'B' : 'S', static_cast<int>(quantity), price, year, month, day, year, month, day,
+                    hour, minute, second, isAllOrNone ? 'Y' : 'N', note.c_str());
+  if (length < 0 || length >= static_cast<int>(sizeof line)) throw std::length_error("A line of an order");
+  return state_->text.assign(line, static_cast<std::size_t>(length));
 }
 
 std::string const &QuickFIXPeer::write(NewOrderSingleValues<std::string> const &values) {

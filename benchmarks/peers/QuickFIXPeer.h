@@ -18,6 +18,11 @@ class QuickFIXPeer {
   // A NewOrderSingle read with a dictionary, and its fields by typed getters; the sum of what is a number.
   double readOrder(std::string const &text);
 
+  // A NewOrderSingle read so, its BodyLength, CheckSum and the fields of an order checked, and written as a line:
+  // order|account|symbol|B or S|quantity|price|day|time|Y or N for all or none|text. The line is good until the next
+  // call.
+  std::string const &orderLine(std::string const &text);
+
   // The message built from its values by typed fields, and its text with BodyLength and CheckSum. The text is good
   // until the next call; message and text use their room again.
   std::string const &write(NewOrderSingleValues<std::string> const &values);
