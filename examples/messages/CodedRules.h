@@ -18,8 +18,14 @@ class CodedRules : public FieldsValidationRules {
   void validateTrailer(DataObject *) override {}
 
  protected:
-  void check(bool holds, char const *code, char const *rule, tvstring const &field) {
-    if (holds) return;
+  // The field's name becomes a text only when the check fails.
+  template <class Name>
+  void check(bool holds, char const *code, char const *rule, Name const &field) {
+    if (!holds) report(code, rule, field);
+  }
+
+ private:
+  void report(char const *code, char const *rule, tvstring const &field) {
     // A handler that collects lets the next check run; the one that stops throws from here.
     try {
       throwFieldInvalid(rule, field);

@@ -16,7 +16,7 @@ class OrderInputFormat : public AbstractInputFormat {
     external_->reset();
     parseExternal(input, context);
     SmartPtr<DataObject> const external(external_.get());
-    message_.validate("Integrity", external, context);
+    message_.validate(tvstringliteral("Integrity"), external, context);
     message_.validate(external, context);
     rules_.mapFields(external_.get(), object, context);
   }

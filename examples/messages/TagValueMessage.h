@@ -42,7 +42,7 @@ class TagValueIntegrity : public CodedRules {
     int const sum = trailer.get<"CountedCheckSum">();
     char const digits[] = {static_cast<char>('0' + sum / 100), static_cast<char>('0' + sum / 10 % 10),
                            static_cast<char>('0' + sum % 10)};
-    check(trailer.get<"CheckSum">() == tvstring(digits, sizeof digits), Wire::CHECK_SUM_CODE, "CheckSum", "CheckSum");
+    check(trailer.get<"CheckSum">().compare(digits, sizeof digits) == 0, Wire::CHECK_SUM_CODE, "CheckSum", "CheckSum");
   }
 
  private:
