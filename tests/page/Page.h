@@ -7,7 +7,7 @@
 #include "tavrone/tavrone.h"
 #include "tests/Text.h"
 
-// What the source that formula_page.cmake makes of docs/FORMULAS.md stands on: how the page shows results.
+// What the sources that page_tests.cmake makes of pages stand on: how a page shows results.
 
 namespace tavrone::page {
 
@@ -70,8 +70,8 @@ class Result {
   std::string (*run_)(void const *);
 };
 
-// A row of the page at this line, with the formula as it stands there.
-inline void expectRow(int line, char const *formula, char const *expected, Result const &result) {
+// A row of a page at this line, with the formula as it stands there.
+inline void expectRow(char const *page, int line, char const *formula, char const *expected, Result const &result) {
   std::string text;
   try {
     text = result();
@@ -81,8 +81,7 @@ inline void expectRow(int line, char const *formula, char const *expected, Resul
   } catch (std::exception const &failure) {
     text = std::string("fails: `") + failure.what() + '`';
   }
-  if (text != expected)
-    ADD_FAILURE_AT("docs/FORMULAS.md", line) << formula << "\n  gives " << text << "\n  not   " << expected;
+  if (text != expected) ADD_FAILURE_AT(page, line) << formula << "\n  gives " << text << "\n  not   " << expected;
 }
 
 }  // namespace tavrone::page

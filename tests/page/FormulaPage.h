@@ -1,0 +1,9 @@
+#pragma once
+
+#include "tests/page/Page.h"
+
+namespace tavrone {
+
+class FormulaPage : public testing::Test {};
+
+}  // namespace tavrone
