@@ -1,0 +1,83 @@
+# Follows the page of the tutorial (`page`) as a new user does, against what the build tree `build` installs: from its
+# heading "## 1." on, a file is written wherever one is named in bold above a fenced block, each block of shell commands
+# is run, and what it prints must end with the block of text below it.
+include(${CMAKE_CURRENT_LIST_DIR}/page_lines.cmake)
+
+set(work ${build}/tests/tutorial)
+set(project ${work}/transfers)
+file(REMOVE_RECURSE ${work})
+file(MAKE_DIRECTORY ${project})
+
+function(run)
+  execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output
+                  WORKING_DIRECTORY ${project})
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${page}:${number}:\n${output}\nended with ${result}")
+  endif()
+  set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${build} --prefix ${work}/tavrone --config "${config}")
+set(ENV{TAVRONE} ${work}/tavrone)
+set(ENV{PKG_CONFIG_PATH} ${work}/tavrone/${libdir}/pkgconfig)
+set(ENV{LD_LIBRARY_PATH} ${work}/tavrone/${libdir})
+# The user's compiler is the one under test.
+set(ENV{CXX} ${compiler})
+set(ENV{CXXFLAGS} "${flags} -Wall -Wextra -Werror")
+set(ENV{LDFLAGS} "${linkflags}")
+file(WRITE ${work}/bin/c++ "#!/bin/sh\nexec ${compiler} $CXXFLAGS $LDFLAGS \"$@\"\n")
+file(CHMOD ${work}/bin/c++ PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+set(ENV{PATH} "${work}/bin:$ENV{PATH}")
+
+# What stands in a block of that kind (`fence`): a file if one is named, commands, or what the commands before print.
+macro(end_block)
+  page_text(block)
+  if(file)
+    file(WRITE ${project}/${file} "${block}")
+    set(file "")
+  elseif(fence STREQUAL "sh" AND (pkgconfig OR NOT block MATCHES "pkg-config"))
+    run(sh -e -c "${block}")
+    set(ran TRUE)
+  elseif(fence STREQUAL "text" AND ran)
+    string(FIND "${output}" "${block}" at REVERSE)
+    set(end "")
+    if(NOT at EQUAL -1)
+      string(SUBSTRING "${output}" ${at} -1 end)
+    endif()
+    if(NOT end STREQUAL block)
+      message(FATAL_ERROR "${page}:${number}: the commands above print\n${output}")
+    endif()
+    math(EXPR compared "${compared} + 1")
+    set(ran FALSE)
+  endif()
+  set(fence "")
+endmacro()
+
+page_lines(${page} lines)
+set(number 0)
+set(step FALSE)  # whether the numbered steps have begun
+set(fence "")    # the kind of the block that the line is in
+set(file "")     # the file that the next block is
+set(ran FALSE)   # whether the output of commands is still to be compared
+set(compared 0)
+foreach(line IN LISTS lines)
+  math(EXPR number "${number} + 1")
+  string(REGEX REPLACE " $" "" line "${line}")
+  if(line MATCHES "^## 1[.]")
+    set(step TRUE)
+  elseif(NOT step)
+    continue()
+  elseif(NOT fence STREQUAL "" AND line STREQUAL "```")
+    end_block()
+  elseif(NOT fence STREQUAL "")
+    string(APPEND block "${line}\n")
+  elseif(line MATCHES "^```(.+)$")
+    set(fence ${CMAKE_MATCH_1})
+    set(block "")
+  elseif(line MATCHES "^[*][*]([A-Za-z.]+)[*][*]$")
+    set(file ${CMAKE_MATCH_1})
+  endif()
+endforeach()
+if(compared EQUAL 0 OR NOT fence STREQUAL "")
+  message(FATAL_ERROR "${page} shows no program's output, or its last block has no end")
+endif()
