@@ -1,0 +1,21 @@
+# What a reader of the library file sees of how it was built, and of what it needs.
+execute_process(COMMAND ${readelf} -lWd --dyn-syms ${library} OUTPUT_VARIABLE text RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "${readelf} ended with ${result}")
+endif()
+
+function(expect what pattern)
+  if(NOT text MATCHES "${pattern}")
+    message(FATAL_ERROR "${library} has no ${what}:\n${text}")
+  endif()
+endfunction()
+expect("table of addresses that is read-only after start" "GNU_RELRO")
+expect("binding of all symbols at start" "[(]FLAGS[)] +BIND_NOW")
+expect("stack without code" "GNU_STACK( +0x0+)+ +RW ")
+expect("guard of stack frames" "__stack_chk_fail")
+
+string(REGEX MATCHALL "[(]NEEDED[)][^\n]+" needed "${text}")
+list(FILTER needed EXCLUDE REGEX "\\[(libstdc[+][+]|libc[+][+](abi)?|libm|libgcc_s|libc|ld-linux-[a-z0-9_-]+)\\.so\\.")
+if(needed)
+  message(FATAL_ERROR "${library} needs more than the standard libraries: ${needed}")
+endif()
