@@ -20,6 +20,7 @@ class IOutputProtocol;
 // a lock: bind while libraries load, look up afterwards. Its entries live until unbind, rebind or process exit.
 class TAVRONE_API ILookupContext : public virtual ObjectRef {
  public:
+  // The same as lookup.
   virtual Object *lookupComponent(tvstring const &name) = 0;
 
   // A typed look-up gives a new component at each call, made by the ObjectFactory bound under the name. Whatever else
@@ -52,7 +53,7 @@ class TAVRONE_API ILookupContext : public virtual ObjectRef {
   // Adds a reference. A name that is taken raises NamingException "<name> already bound", and `object` is released all
   // the same: bind takes it over in any case. The very object that is bound there stays as it is.
   virtual void bind(tvstring const &name, Object *object) = 0;
-  // Binds, and releases what the name was bound to.
+  // Binds, and releases what the name was bound to, unless that is this very object.
   virtual void rebind(tvstring const &name, Object *object) = 0;
   // The bound object, borrowed, or null.
   virtual Object *lookup(tvstring const &name) = 0;
@@ -104,6 +105,7 @@ class TAVRONE_API LookupContextImpl : public ILookupContext {
   static TList<tvstring> getNames();
 };
 
+// Where handles on the directory come from.
 class TAVRONE_API LookupContextFactory {
  public:
   static LookupContextFactory *getLookupContextFactory();

@@ -16,6 +16,7 @@ namespace tavrone {
 // whoever made that call. That is meant. What getters return is borrowed.
 class TAVRONE_API IPropertyMap : public virtual ObjectRef {
  public:
+  // One property. The value is the map's.
   class TAVRONE_API Entry {
    public:
     virtual ~Entry() noexcept(false);
@@ -45,6 +46,7 @@ class TAVRONE_API IPropertyMap : public virtual ObjectRef {
     Object *value_;
   };
 
+  // Chooses names for getPropertyNames; a host's.
   class TAVRONE_API PropertyNameFilter {
    public:
     virtual ~PropertyNameFilter() noexcept(false);
@@ -58,6 +60,7 @@ class TAVRONE_API IPropertyMap : public virtual ObjectRef {
   virtual Object *getProperty(tvstring const &key) = 0;
   // Keeps the position of a key that exists; a null value removes the key.
   virtual void setProperty(tvstring const &key, Object *value) = 0;
+  // Releases the value; nothing for an unknown key.
   virtual void removeProperty(tvstring const &key) = 0;
   virtual bool hasProperty(tvstring const &key) = 0;
 

@@ -32,6 +32,7 @@ class TAVRONE_API UserClassManager {
 // Registers a class when constructed: made to be a static object of the library that holds the class.
 class TAVRONE_API UserClass {
  public:
+  // As UserClassManager::registerClass.
   UserClass(tvstring const &name, ObjectFactory *factory);
 };
 

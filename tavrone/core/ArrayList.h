@@ -12,7 +12,8 @@
 namespace tavrone {
 
 // A small array that grows by ten slots, since the lists that it serves stay small; a long one is to be reserved first.
-// Indexes are not checked. Pointers among the elements are borrowed.
+// Indexes are not checked. Pointers among the elements are borrowed. More elements than an int counts raise
+// std::length_error "ArrayList too long". Growing ends the use of pointers and references to elements.
 template <class T>
 class ArrayList {
  public:

@@ -83,20 +83,23 @@ class TAVRONE_API BigDecimal : public TypedMAPM<BigDecimal> {
   BigDecimal(int value) : TypedMAPM(value) {}
   BigDecimal(long value) : TypedMAPM(static_cast<long long>(value)) {}
   BigDecimal(long long value) : TypedMAPM(value) {}
-  // Floating-point values keep 15 significant digits.
+  // Floating-point values keep 15 significant digits. NaN and infinity raise MAPM's report.
   BigDecimal(float value) : TypedMAPM(static_cast<double>(value)) {}
   BigDecimal(double value) : TypedMAPM(value) {}
+  // Text as MAPM reads it; what is no number raises its report.
   BigDecimal(char const *text) : TypedMAPM(text) {}
   BigDecimal(tvstring const &text) : TypedMAPM(text.data(), text.length()) {}
   BigDecimal(BigInteger const &value);
   using MAPM::assign;
 
+  // As MAPM divides: to at least 30 significant digits, or to as many as asked for. Zero divisors raise its report.
   BigDecimal operator/(BigDecimal const &divisor) const { return divide(divisor); }
   BigDecimal divide(BigDecimal const &divisor) const { return BigDecimal(MAPM::divide(divisor)); }
   BigDecimal divide(BigDecimal const &divisor, int digits) const { return BigDecimal(MAPM::divide(divisor, digits)); }
 
   // Fixed-point with every significant digit, never an exponent: "123.45", "1500", "0".
   tvstring toString() const;
+  // The same and a terminator: needs room for a sign, a point, all digits and the zeros that the exponent asks for.
   void toString(char *out) const { toFixPtString(out, -1); }
   using MAPM::toString;
 

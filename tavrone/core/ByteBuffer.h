@@ -18,9 +18,10 @@ namespace tavrone {
 // Lengths past an int raise TransformException "Out of bounds" and change nothing. One thread at a time.
 class TAVRONE_API ByteBuffer {
  public:
-  static constexpr int INITIAL_CAPACITY = 16;
+  static constexpr int INITIAL_CAPACITY = 16;  // bytes
 
   ByteBuffer() : ByteBuffer(INITIAL_CAPACITY) {}
+  // An empty block of that capacity in bytes; a negative one counts as 0.
   explicit ByteBuffer(int capacity) { init(capacity); }
   // Wraps the bytes, which must outlive the buffer and its copies.
   ByteBuffer(char const *bytes, int length) : buffer_(const_cast<char *>(bytes)), length_(length < 0 ? 0 : length) {}
@@ -33,10 +34,12 @@ class TAVRONE_API ByteBuffer {
   // Begins anew with an empty block of that capacity; a negative one counts as 0.
   void init(int capacity);
 
+  // The bytes written, wherever the read position is; pcount is another name.
   int length() const { return length_; }
   int pcount() const { return length_; }
   // Bytes of the block of its own; 0 for wrapped bytes.
   int capacity() const { return capacity_; }
+  // The bytes, borrowed until the buffer grows or goes; not terminated.
   char *str() const { return buffer_; }
   char *getByteArray(int &n) const {
     n = length_;
@@ -44,6 +47,7 @@ class TAVRONE_API ByteBuffer {
   }
   // A copy from new[], the caller's.
   char *toByteArray(int &n) const;
+  // A copy of the bytes.
   tvstring toString() const { return tvstring(buffer_, static_cast<size_t>(length_)); }
 
   // Sets the length, up to the capacity: what was written through str() behind the length can be taken in. Any other
@@ -73,6 +77,7 @@ class TAVRONE_API ByteBuffer {
   void ensureFree(int n) { reserve(static_cast<long long>(length_) + n); }
   void expandCapacity(int capacity) { reserve(capacity); }
 
+  // The low 8 bits, as one byte.
   void write(int b) { append(static_cast<char>(b)); }
   void write(Binary const &value) { appendBytes(value.data(), value.length()); }
 

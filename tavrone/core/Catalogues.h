@@ -35,6 +35,7 @@ struct CatalogueRow {
   }
 };
 
+// A table of failures, and the name of its bundle.
 struct Catalogue {
   char const *name;
   std::span<CatalogueRow const> rows;  // in the order of registration

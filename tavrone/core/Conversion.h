@@ -18,6 +18,7 @@ TAVRONE_API int t_atoi(char const *begin, char const *end);
 // The same in 64 bits: "Cannot convert '...' to long" and "Long overflow. Cannot convert '...' to long".
 TAVRONE_API long long t_atol(char const *begin, char const *end);
 
+// Decimal digits behind a '-' for negative values.
 TAVRONE_API void t_itoa(int value, char *out);
 TAVRONE_API void t_ltoa(long long value, char *out);
 
@@ -37,6 +38,7 @@ TAVRONE_API tavrone::tvstring floatToString(float value);
 TAVRONE_API tavrone::tvstring &floatToString(float value, tavrone::tvstring &out);
 TAVRONE_API char *floatToString(float value, char *out);
 
+// The one character as a text.
 TAVRONE_API tavrone::tvstring charToString(char value);
 TAVRONE_API tavrone::tvstring &charToString(char value, tavrone::tvstring &out);
 TAVRONE_API char *charToString(char value, char *out);

@@ -7,6 +7,7 @@
 
 namespace tavrone {
 
+// Lengths of time in seconds.
 struct TimeDefs {
   static constexpr int SECONDS_IN_MINUTE = 60;
   static constexpr int SECONDS_IN_HOUR = 3600;
@@ -74,6 +75,7 @@ class TAVRONE_API Date {
  public:
   Date() = default;  // 1 January of the year 0
   Date(int year, int month, int date) : year_(year), month_(month), date_(date) {}
+  // The day that the span counts to; see unpack.
   Date(TimeSpan const &span);
 
   int getYear() const { return year_; }
@@ -127,6 +129,7 @@ class TAVRONE_API Time {
   Time() = default;
   Time(int hours, int minutes, int seconds, int milliseconds)
       : hours_(hours), minutes_(minutes), seconds_(seconds), milliseconds_(milliseconds) {}
+  // What the span has beyond whole days.
   Time(TimeSpan const &span);
 
   int getHours() const { return hours_; }
@@ -134,6 +137,7 @@ class TAVRONE_API Time {
   int getSeconds() const { return seconds_; }
   int getMilliseconds() const { return milliseconds_; }
 
+  // Negative, zero or positive.
   int compare(Time const &other) const;
   bool operator==(Time const &other) const { return compare(other) == 0; }
   bool operator!=(Time const &other) const { return compare(other) != 0; }
@@ -166,6 +170,7 @@ class TAVRONE_API Time {
 class TAVRONE_API DateTime {
  public:
   DateTime() = default;
+  // The span's whole days as the date, the rest as the time.
   DateTime(TimeSpan const &span);
   DateTime(Date const &date, Time const &time) : date_(date), time_(time) {}
   DateTime(int year, int month, int date, int hours, int minutes, int seconds, int milliseconds)
@@ -181,6 +186,7 @@ class TAVRONE_API DateTime {
   Date const &getDatePortion() const { return date_; }
   Time const &getTimePortion() const { return time_; }
 
+  // The date first, then the time: negative, zero or positive. An ISODateTime's offset does not count.
   int compare(DateTime const &other) const;
   bool operator==(DateTime const &other) const { return compare(other) == 0; }
   bool operator!=(DateTime const &other) const { return compare(other) != 0; }
@@ -194,6 +200,7 @@ class TAVRONE_API DateTime {
   DateTime operator-(TimeSpan const &span) const;
   TimeSpan operator-(DateTime const &other) const;
 
+  // The whole days of Date::pack, and the time of day.
   TimeSpan getTimeSpan() const;
   bool isValid() const { return date_.isValid() && time_.isValid(); }
   // Raises TransformRuntimeException "Illegal date <date>" or "Illegal time <time>"; the date is tested first.
@@ -235,7 +242,7 @@ class TAVRONE_API DateTime {
   Time time_;
 };
 
-// A DateTime with an offset from UTC in minutes.
+// A DateTime with an offset from UTC in minutes, east positive; 0 unless given.
 class TAVRONE_API ISODateTime : public DateTime {
  public:
   ISODateTime() = default;

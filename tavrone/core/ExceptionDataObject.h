@@ -62,7 +62,7 @@ class TAVRONE_API ExceptionDataObject : public AbstractDataObject, public Except
   void setPhase(tvstring const &phase) { setErrorPhase(phase); }
   tvstring getPhase() const { return getErrorPhase(); }
   void fillPhase(tvstring const &phase);
-  // The place in the input; -1 when it is not known.
+  // The place in the input, as the wire format counts it; -1 when it is not known.
   void setLine(int line);
   int getLine() const { return placeOf(LINE); }
   void setColumn(int column);

@@ -16,7 +16,7 @@ class TAVRONE_API ExceptionHandler : public Object {
 
   ~ExceptionHandler() noexcept(false) override;
 
-  // Reads the record and does not keep it.
+  // Reads the record, which is not null, and does not keep it. Returns where the caller is to go on, else throws.
   virtual void onException(ExceptionDataObject *record) = 0;
 };
 

@@ -53,10 +53,15 @@ class TAVRONE_API Exception : public virtual Object {
     Object *clone() const override;           \
   };
 
+// An argument that contradicts its object, such as an element of another section.
 TAVRONE_EXCEPTION(IllegalArgumentException)
+// For hosts and generated code: the library reports an unknown class as a TransformException.
 TAVRONE_EXCEPTION(ClassNotFoundException)
+// An object of another class than the one needed; see checkedCast.
 TAVRONE_EXCEPTION(ClassCastException)
+// A value that nothing has set.
 TAVRONE_EXCEPTION(LocalInitializationException)
+// For hosts and generated code; the library raises none.
 TAVRONE_EXCEPTION(InternalError)
 
 #undef TAVRONE_EXCEPTION
@@ -122,22 +127,35 @@ class TAVRONE_API TransformException : public Exception, public ExceptionDataObj
     Object *clone() const override;          \
   };
 
+// The router has no configuration for an identified message.
 TAVRONE_EXCEPTION(UnhandledMessageException, TransformException)
+// No identifier knows the input.
 TAVRONE_EXCEPTION(UnrecognizedMessageException, UnhandledMessageException)
+// What a rule, a formula or their use got wrong, and dates that don't fit their pattern.
 TAVRONE_EXCEPTION(TransformRuntimeException, TransformException)
+// For generated code; the library raises none.
 TAVRONE_EXCEPTION(TransformNullValueException, TransformRuntimeException)
+// A name or an index that a record, or a section, doesn't have.
 TAVRONE_EXCEPTION(FieldNotFoundException, TransformException)
+// A plain field where a section is needed.
 TAVRONE_EXCEPTION(FieldTypeMismatchException, TransformException)
+// A null field that has to have a value.
 TAVRONE_EXCEPTION(FieldNullException, TransformException)
+// A name that the lookup directory has nothing fitting for, or has something for already.
 TAVRONE_EXCEPTION(NamingException, TransformException)
+// A section with too few or too many elements.
 TAVRONE_EXCEPTION(SectionConstraintException, TransformException)
+// What is wrong with a FIX message that is read. The Universal format has plain TransformExceptions.
 TAVRONE_EXCEPTION(FIXParsingException, TransformException, FIXParsingException(TransformException const &other);)
+// What keeps a FIX message from being written.
 TAVRONE_EXCEPTION(FIXWriterException, TransformException, FIXWriterException(TransformException const &other);)
+// What is wrong with a SIAC Canonical message that is read.
 TAVRONE_EXCEPTION(SIACCanonicalParsingException, TransformException,
                   SIACCanonicalParsingException(TransformException const &other);)
+// What keeps a SIAC Canonical message from being written.
 TAVRONE_EXCEPTION(SIACCanonicalWriterException, TransformException,
                   SIACCanonicalWriterException(TransformException const &other);)
-// Drops the field's name: FieldName stays null, which is meant.
+// A field without the value that its message needs. Drops the field's name: FieldName stays null, which is meant.
 TAVRONE_EXCEPTION(FieldParsingException, TransformException,
                   FieldParsingException(tvstring const &message, tvstring const &fieldName);)
 
@@ -153,6 +171,7 @@ class TAVRONE_API FieldValidationException : public TransformException {
   Object *clone() const override;
 };
 
+// A failure of an FCS line, with its number and column as the record's place; see FCSInputParser.
 class TAVRONE_API FCSParseException : public TransformException {
  public:
   FCSParseException(tvstring const &message);
@@ -164,6 +183,7 @@ class TAVRONE_API FCSParseException : public TransformException {
   // The text of the input line that failed; empty at first.
   void setFailedLine(tvstring const &line) { failedLine_ = line; }
   tvstring const &getFailedLine() const { return failedLine_; }
+  // The line from 1, the column from 0.
   void setLocation(int line, int column) {
     setLine(line);
     setColumn(column);

@@ -20,6 +20,7 @@ class TAVRONE_API ILogger : public virtual ObjectRef {
   ~ILogger() noexcept(false) override;
 
   virtual tvstring const &getCategoryName() const = 0;
+  // Each writes the text as one line of its level, where that is enabled. A text may be null.
   virtual void info(char const *text) = 0;
   virtual void info(tvstring const &text) = 0;
   virtual void debug(tvstring const &text) = 0;
@@ -28,6 +29,7 @@ class TAVRONE_API ILogger : public virtual ObjectRef {
   virtual void warn(char const *text) = 0;
   virtual void error(tvstring const &text) = 0;
   virtual void error(char const *text) = 0;
+  // LOG_LEVEL_UNSET leaves the choice to the logger, as without a level.
   virtual void setLogLevel(T_LOG_LEVEL level) = 0;
   virtual bool isLevelEnabled(T_LOG_LEVEL level) const = 0;
 };
@@ -75,7 +77,7 @@ class TAVRONE_API SimpleLogger : public ILogger {
 class TAVRONE_API Logger {
  public:
   Logger() = default;
-  // Adds a reference.
+  // Adds a reference; null for none.
   Logger(ILogger *logger) : logger_(logger) {}
   Logger(Logger const &) = default;
   Logger &operator=(Logger const &other);
@@ -106,6 +108,7 @@ class TAVRONE_API Logger {
   SmartPtr<ILogger> logger_;
 };
 
+// The loggers of categories: SimpleLoggers, which live until the process exits.
 class TAVRONE_API LogFactory {
  public:
   // The root logger; its name is empty.

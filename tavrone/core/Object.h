@@ -37,6 +37,7 @@ class TAVRONE_API Object {
   // A new object, the caller's. Raises Exception "Clone not implemented in <class>" unless overridden.
   virtual Object *clone() const;
 
+  // The value as the type of the name, and from it; a text is never read as a number, nor a number as a text.
   virtual int getInt() const;
   virtual void setInt(int value);
   virtual long long getLong() const;
@@ -61,6 +62,7 @@ class TAVRONE_API Object {
   virtual void setString(tvstring const &value);
   virtual Binary getBinary() const;
   virtual void setBinary(Binary const &value);
+  // Valid as long as the object holds that message.
   virtual RawMessage const &getRawMessage() const;
   virtual void setRawMessage(RawMessage const &value);
 

@@ -18,6 +18,7 @@ class TAVRONE_API Parsing {
   static tvstring const &FALSE_VALUE;  // "false"
   static tvstring const &EMPTY;
 
+  // As t_atoi and t_atol, with their failures and their wrapping.
   static int parseInt(tvstring const &text) { return t_atoi(text.data(), text.data() + text.length()); }
   static long long parseLong(tvstring const &text) { return t_atol(text.data(), text.data() + text.length()); }
   // Raises "Cannot convert '...' to double" if a character is no digit, '+', '-', '.', 'e' or 'E'. Beyond that nothing
@@ -30,15 +31,17 @@ class TAVRONE_API Parsing {
   static bool parseBoolean(tvstring const &text) { return parseBool(text); }
   // The one character of the text. Raises "Cannot convert ... to char", without quotes.
   static char parseChar(tvstring const &text);
+  // Text as MAPM reads it, with its failures.
   static BigDecimal parseBigDecimal(tvstring const &text) { return BigDecimal(text); }
   // A copy of the bytes.
   static Binary parseBinary(tvstring const &text) { return Binary(text.data(), text.length()); }
 
-  // By the patterns of DateStr.
+  // By the patterns of DateStr, as DateTime::fromString and DateTime::toString do, with their failures.
   static DateTime parseDate(tvstring const &text, tvstring const &pattern);
   static tvstring formatDate(DateTime const &value, tvstring const &pattern);
   static tvstring &formatDate(DateTime const &value, tvstring const &pattern, tvstring &out);
 
+  // The texts of Conversion.h. A Binary's is a copy of its bytes; big numbers are written with all digits.
   static tvstring intToString(int value) { return ::intToString(value); }
   static tvstring longToString(long long value) { return ::dlongToString(value); }
   static tvstring doubleToString(double value) { return ::doubleToString(value); }
@@ -50,6 +53,7 @@ class TAVRONE_API Parsing {
   static tvstring bigIntegerToString(BigInteger const &value) { return value.toString(); }
   static tvstring binaryToString(Binary const &value) { return value.toString(); }
 
+  // As Binary reads and writes them.
   static Binary hexStringToBinary(tvstring const &text) { return Binary::fromHexString(text); }
   static tvstring binaryToHexString(Binary const &value) { return value.toHexString(); }
   static Binary base64StringToBinary(tvstring const &text) { return Binary::fromBase64String(text); }

@@ -17,7 +17,7 @@ namespace tavrone {
 // their own, a moved-from result has no records.
 template <class T>
 struct Result {
-  T value{};
+  T value{};  // as far as the operation came, if something failed
   std::vector<ExceptionDataObject *> exceptions;
 
   Result() = default;

@@ -13,6 +13,7 @@ template <class T>
 class SmartPtr {
  public:
   SmartPtr() = default;
+  // Adds a reference; null holds nothing.
   SmartPtr(T *object) { set(object); }
   SmartPtr(SmartPtr const &other) { set(other.object_); }
   // Takes over the reference, so that a function may return the SmartPtr of a plain Object.

@@ -149,6 +149,7 @@ class TAVRONE_API TList : public Object {
 template <class E>
 using TListContainer = std::conditional_t<std::is_same_v<E, bool>, SimpleDeque<bool>, std::vector<E>>;
 
+// The short form: TList<int>, TList<tvstring>.
 template <class E>
 class TAVRONE_API TList<E, void> : public TList<TListContainer<E>, E> {
   using Base = TList<TListContainer<E>, E>;

@@ -24,6 +24,7 @@ class TAVRONE_API WrapperObject : public Object {
 
 inline WrapperObject::~WrapperObject() noexcept(false) = default;
 
+// A wrapper of one of the four plain number types, which reads as each of them.
 class TAVRONE_API NumberObject : public WrapperObject {
  public:
   int getInt() const override = 0;

@@ -116,7 +116,7 @@ class TAVRONE_API tvstring {
   // first.
   tvstring span(tvstring const &other) const;
 
-  // Bytes compare sign-extended: a positive c above 127 is never found.
+  // The first position at or after start, or npos. Bytes compare sign-extended: a positive c above 127 is never found.
   size_t find(int c) const { return find(c, 0); }
   size_t find(int c, size_t start) const {
     if (start >= length_ || c < -128 || c > 127) return npos;
@@ -126,6 +126,7 @@ class TAVRONE_API tvstring {
   size_t find(tvstring const &text) const { return find(text, 0); }
   // An empty text is found at start, and at or past the end only when both texts are empty and start is 0.
   size_t find(tvstring const &text, size_t start) const;
+  // The last position at or before start, or npos.
   size_t rfind(char c) const { return rfind(c, length_ - 1); }
   size_t rfind(char c, size_t start) const;
   size_t rfind(tvstring const &text) const { return rfind(text, length_); }

@@ -15,6 +15,7 @@ namespace tavrone {
 class TAVRONE_API tvstringbuffer : public tvstring {
  public:
   tvstringbuffer() = default;
+  // As tvstring copies them.
   tvstringbuffer(char const *text) : tvstring(text) {}
   tvstringbuffer(char const *text, size_t length) : tvstring(text, length) {}
   // Copies into a private array; the copy of another buffer shares instead.
@@ -50,6 +51,7 @@ class TAVRONE_API tvstringbuffer : public tvstring {
   tvstringbuffer &append(tvstring const &text) { return append(text.data(), text.length()); }
   tvstringbuffer &operator+=(tvstring const &text) { return append(text); }
 
+  // Before the byte at pos, which is not checked; length() appends.
   tvstringbuffer &insert(size_t pos, char const *text, size_t n);
   tvstringbuffer &insert(size_t pos, tvstring const &text) { return insert(pos, text.data(), text.length()); }
   tvstringbuffer &insert(size_t pos, char const *text) { return insert(pos, text, std::strlen(text)); }

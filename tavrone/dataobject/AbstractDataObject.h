@@ -23,6 +23,7 @@ class TAVRONE_API AbstractDataObject : public DataObjectBase {
   Object *getField(int index) const override;
   bool isNull(int index) const override { return !nullFlags[index]; }
   void setNull(int index) override { nullFlags[index] = false; }
+  // Raises the flag before it stores: where the value is refused, the field is set and has the value from before.
   void setField(int index, Object const &value) override { setField(index, &value); }
   void setField(int index, Object const *value) override;
   DataObjectSection *getParentSection() const override { return parentSection; }
@@ -59,14 +60,16 @@ class TAVRONE_API AbstractDataObject : public DataObjectBase {
   [[noreturn]] void throwNullValueException(int index) const;
 
  protected:
+  // The hooks: store the value, which is not null, and hand out the value of a field that is not null. Here they raise
+  // FieldNotFoundException "Field index out of bounds - <index>", which is what a subclass does for unknown indexes.
   virtual void setField0(int index, Object const *value);
-  // A new wrapper when `out` is null; otherwise writes into it and returns it.
+  // A new wrapper, the caller's, when `out` is null; otherwise writes into it and returns it.
   virtual Object *getField0(int index, Object *out) const;
   virtual Object *getField0(int index) const;
 
-  DataObjectSection *parentSection;
-  bool *nullFlags;
-  DataObjectMetaInfo *metaInfo;
+  DataObjectSection *parentSection;  // borrowed; null for a root object
+  bool *nullFlags;                   // false is null
+  DataObjectMetaInfo *metaInfo;      // borrowed
 
  private:
   bool hasFlag(int index) const;

@@ -21,13 +21,15 @@ class TAVRONE_API DataObject : public virtual ObjectRef {
   virtual DataObjectSection *getSection(int index) const = 0;
   virtual DataObjectSection *getSection(tvstring const &name) const = 0;
 
-  // The form with `out` writes the value into a wrapper of the caller's; false and untouched for a null field.
+  // The form with `out` writes the value into a wrapper of the caller's; false and untouched for a null field. Unknown
+  // indexes and names raise FieldNotFoundException, here and below; isNull and setNull may leave an index unchecked.
   virtual bool getField(int index, Object &out) const = 0;
   virtual Object *getField(int index) const = 0;
   virtual bool getField(tvstring const &name, Object &out) const = 0;
   virtual Object *getField(tvstring const &name) const = 0;
-  // Raises FieldNullException for a null field.
+  // The same, but raises FieldNullException for a null field.
   virtual Object *getFieldCheckNull(int index) const = 0;
+  // The same, held.
   virtual SmartPtr<Object> getFieldVal(int index) = 0;
   virtual SmartPtr<Object> getFieldVal(tvstring const &name) = 0;
   virtual SmartPtr<Object> getFieldCheckNullVal(int index) = 0;
@@ -37,7 +39,8 @@ class TAVRONE_API DataObject : public virtual ObjectRef {
   virtual void setNull(tvstring const &name) = 0;
   virtual void setNull(int index) = 0;
 
-  // The value is read, not kept; a null pointer makes the field null.
+  // The value is read, not kept; a null pointer makes the field null. Records with typed members read it by the getter
+  // of the field's type, which fails for a value of another kind.
   virtual void setField(int index, Object const &value) = 0;
   virtual void setField(int index, Object const *value) = 0;
   virtual void setField(tvstring const &name, Object const &value) = 0;
@@ -54,19 +57,26 @@ class TAVRONE_API DataObject : public virtual ObjectRef {
 
   // The section that holds this element, borrowed; null for a root object.
   virtual DataObjectSection *getParentSection() const = 0;
+  // Borrows the section, and does not add the object to it.
   virtual void setParentSection(DataObjectSection *section) = 0;
 
+  // The fields that are not null as XML, framed by getRootXMLTag(), without an XML declaration.
   virtual tvstring toXMLString() = 0;
+  // The fields stand `level` tabs deep, the frame one less. Elements have no frame: their section writes it.
   virtual tvstring toXMLString(int level) = 0;
 
+  // The record that holds this one, over as many sections as it takes, borrowed; this one if none does.
   virtual DataObject *getRootDataObject() const = 0;
+  // Whether no field has a value. A section has none while all of its elements are empty.
   virtual bool isEmpty() const = 0;
+  // Borrowed.
   virtual DataObjectMetaInfo *getMetaInfo() const = 0;
 
   // Do nothing; the stored form is DataObjectIO's.
   virtual void write(std::ostream &out) const = 0;
   virtual void read(std::istream &in) = 0;
 
+  // Makes the object ready to be filled again: no field has a value.
   virtual void reset() = 0;
   virtual tvstring getRootXMLTag() = 0;
   // A new element for the named section, its parent section set, not yet added to it; the caller's.

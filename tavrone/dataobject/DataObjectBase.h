@@ -44,15 +44,17 @@ class TAVRONE_API DataObjectBase : public DataObject {
   using DataObject::setField;
   using DataObject::setNull;
 
+  // FieldMetaInfo's. Raise FieldNotFoundException for an unknown index or name.
   tvstring const &getMangledName(int index) const;
   tvstring const &getMangledName(tvstring const &name) const;
 
-  // Texts go through a StringObject, so the field must take one.
+  // Texts go through a StringObject, so the field must be one of text.
   void setField(int index, tvstring const &text);
   void setField(tvstring const &name, tvstring const &text);
   bool getField(int index, tvstring &out) const;
 
-  // Field by field, sections element by element into cleared target sections; a null field becomes null in the target.
+  // Field by field, by index: both are of one type, or of types whose fields take each other's values. Sections go
+  // element by element into cleared target sections; a null field becomes null in the target.
   static void copy(DataObject const *from, DataObject *to);
 
  protected:

@@ -17,6 +17,7 @@ class Object;
 // "Binary" is written as hexadecimal and read as that text's bytes; ISO types are written and not read. Both are kept.
 class TAVRONE_API DataObjectIO {
  public:
+  // Reads the object and keeps nothing of it.
   static Binary serialize(DataObject *object);
   static void write(DataObject *object, ByteBuffer &out);
   // One value by its run-time class and the field's type text.
@@ -31,7 +32,8 @@ class TAVRONE_API DataObjectIO {
   static void writeDoubleBigEndian(ByteBuffer &out, double value);  // IEEE 754 bits
   static void writeCompactDateTime(ByteBuffer &out, DateTime const &value, bool date, bool time);
 
-  // Reads into the object and fails with "Unexpected characters at the end of serialzied message" if bytes are left.
+  // Sets the fields that the bytes hold, and leaves the others as they are. Fails with "Unexpected characters at the
+  // end of serialzied message" if bytes are left.
   static void parse(DataObject *object, char const *bytes, int length);
   static void parse(DataObject *object, Binary const &bytes);
   static void read(DataObject *object, ByteBuffer &in);

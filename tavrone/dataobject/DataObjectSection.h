@@ -6,14 +6,16 @@ namespace tavrone {
 
 class DataObject;
 
-// An ordered run of records.
+// An ordered run of records. Indexes are 0-based.
 class TAVRONE_API DataObjectCollection {
  public:
   virtual ~DataObjectCollection() noexcept(false);
 
   // The element, borrowed.
   virtual DataObject *getElement(int index) const = 0;
+  // Drops the reference on the element. Whether one was there to remove, or a failure, as the form of section has it.
   virtual bool removeElement(int index) = 0;
+  // Appends the element and adds a reference to it.
   virtual void addElement(DataObject *element) = 0;
   // By identity; -1 if absent.
   virtual int getElementIndex(DataObject *element) const = 0;
@@ -28,6 +30,7 @@ class TAVRONE_API DataObjectSection : public DataObjectCollection {
 
   // A new element made by the parent, its parent section set, not yet in the list; the caller's.
   virtual DataObject *createElement() = 0;
+  // The elements as XML.
   virtual tvstring toString() = 0;
   virtual tvstring const &getName() const = 0;
   // The name from the root down, "Outer.Inner".
@@ -37,8 +40,11 @@ class TAVRONE_API DataObjectSection : public DataObjectCollection {
   virtual DataObject *getRootDataObject() const = 0;
   // Raises SectionConstraintException, catalogue key SRT301 or SRT302. Adding elements never looks at the limits.
   virtual void assertConstraints() const = 0;
+  // Whether there is no element, or none that is not empty.
   virtual bool isEmpty() const = 0;
+  // Raises FieldNotFoundException without an element.
   virtual void removeLastElement() = 0;
+  // The elements leave the section.
   virtual void clear() = 0;
   // A section of the same form, name and limits without a parent, holding clones; the caller's.
   virtual DataObjectSection *clone() const = 0;

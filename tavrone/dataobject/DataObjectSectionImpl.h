@@ -27,6 +27,7 @@ class TAVRONE_API AbstractDataObjectSection : public DataObjectSection {
   void assertConstraints() const override;
   bool isEmpty() const override;
 
+  // What the constructor sets, later; the parent is borrowed.
   void initialize(DataObject *parent, tvstring const &name, int minOccurs, int maxOccurs);
   int getMinOccurs() const { return minOccurs_; }
   int getMaxOccurs() const { return maxOccurs_; }  // -1 is unbounded
@@ -80,6 +81,7 @@ class TAVRONE_API DataObjectSectionImpl : public AbstractDataObjectSection {
   void clear() override;
   DataObjectSection *clone() const override;
 
+  // Without checkParent an element of another parent is taken, too.
   void addElement(DataObject *element, bool checkParent);
   // Takes over name and limits, and clones of the elements.
   void copy(DataObjectSectionImpl const &source, DataObject *parent);
@@ -114,6 +116,7 @@ class TAVRONE_API DataObjectSingleElementSectionImpl : public AbstractDataObject
   void clear() override;
   DataObjectSection *clone() const override;
 
+  // Takes over name and limits, and a clone of the element.
   void copy(DataObjectSingleElementSectionImpl const &source, DataObject *parent);
 
  protected:

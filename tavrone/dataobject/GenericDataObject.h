@@ -53,6 +53,7 @@ class TAVRONE_API GenericDataObject : public DataObjectBase {
   using DataObjectBase::setField;
   using DataObjectBase::setNull;
 
+  // What the metadata says, with its failures; borrowed.
   FieldMetaInfo *getFieldMetaInfo(int index) const;
   bool isSynthesized(int index) const;
   tvstring getQualifiedName(tvstring const &name);

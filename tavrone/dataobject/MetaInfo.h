@@ -55,6 +55,7 @@ class TAVRONE_API FieldMetaInfo : public Object {
   // present index is. Both are meant.
   void setIndex(int index);
   bool isOptional() const { return optional_; }
+  // Marked so by the generating table. A GenericDataObject with values in such fields alone is empty.
   bool isSynthesized() const { return synthesized_; }
 
   // The name as an identifier: 'F' in front unless it begins with a letter or '_', and '_' for whatever is no letter,
@@ -62,6 +63,7 @@ class TAVRONE_API FieldMetaInfo : public Object {
   tvstring const &getMangledName() const;
   static tvstring computeMangledName(tvstring const &name);
 
+  // What the type text means.
   FieldKind getKind() const { return kind_; }
   static FieldKind kindOf(tvstring const &type);
   // Where a declared record keeps the value, in bytes from its DataObject; -1 where only the accessors know.

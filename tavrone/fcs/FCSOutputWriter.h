@@ -16,7 +16,7 @@ namespace tavrone {
 // A text that was handed out never changes; numbers of a line share one array, so that a token costs no allocation.
 class TAVRONE_API FCSOutputWriter : public AbstractSimpleOutputWriter {
  public:
-  static tvstringliteral const LINE_FEED;
+  static tvstringliteral const LINE_FEED;  // one LF
 
   FCSOutputWriter() = default;
   // The copy has a text of its own.
@@ -35,6 +35,7 @@ class TAVRONE_API FCSOutputWriter : public AbstractSimpleOutputWriter {
   // The finished lines.
   tvstring getOutput() const { return message_; }
 
+  // Appends a token to the current line.
   void writeToken(tvstring const &text);
   // Two tokens.
   void writeToken(tvstring const &first, tvstring const &second);

@@ -14,7 +14,7 @@ namespace tavrone {
 class TAVRONE_API LineReader {
  public:
   // Read all lines at once. With hasTrailer the last line is set apart as the trailer. Raise FCSParseException "Out of
-  // bounds" for a length that no int holds.
+  // bounds" for a negative length, and for one that no int holds with 64 bytes on top.
   LineReader(char const *bytes, int length, bool hasTrailer);
   LineReader(Binary const &bytes, bool hasTrailer);
   LineReader(InputSource &input, bool hasTrailer);

@@ -5,6 +5,7 @@
 
 namespace tavrone {
 
+// The fields of the standard header by their indexes, and their tags.
 struct TAVRONE_API FIXHeaderLayout {
   using Format = FIXFormat;
 

@@ -6,6 +6,7 @@
 
 namespace tavrone {
 
+// What TagValueHeaderParser needs to know of FIX.
 struct TAVRONE_API FIXHeaderBinding {
   using Format = FIXFormat;
   using Header = FIXHeader;

@@ -26,7 +26,8 @@ class TAVRONE_API TagValueTokenizer {
  public:
   using TagValuePair = tavrone::TagValuePair;
 
-  // Borrows nothing: shares the message's storage where it has an owner.
+  // Shares the message's storage where it has an owner; text without one has to outlive the tokenizer and its values.
+  // Bytes past an int are not looked at.
   TagValueTokenizer(tvstring const &message, char delimiter) : message_(message), delimiter_(delimiter) { init(); }
 
   // The field that was handed back, else the next one; false at the end, the pair untouched. Raises "'Name or value'

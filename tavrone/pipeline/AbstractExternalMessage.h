@@ -60,7 +60,7 @@ class TAVRONE_API AbstractExternalMessage : public IExternalMessage {
   // Raises TransformRuntimeException "Validator by name '<name>' is not defined for the message".
   FieldsValidationRules *getValidatorByName(tvstring const &name);
 
-  SmartPtr<ILookupContext> lookupContext_;
+  SmartPtr<ILookupContext> lookupContext_;  // a handle of its own
   tvstring name_;
 
  private:

@@ -78,6 +78,7 @@ class TAVRONE_API AbstractInternalMessage : public IInternalMessage {
   // Nothing where the rule is absent.
   void preprocess(SmartPtr<DataObject> const &object, ExceptionHandler *handler, TransformContext &context);
   void postprocess(SmartPtr<DataObject> const &object, ExceptionHandler *handler, TransformContext &context);
+  // One write to the device, which is not closed.
   void serialize(SmartPtr<DataObject> const &object, OutputDevice &device, TransformContext &context);
 
  protected:

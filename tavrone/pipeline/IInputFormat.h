@@ -11,9 +11,9 @@ namespace tavrone {
 // it serves one message at a time.
 class TAVRONE_API IInputFormat : public IService {
  public:
-  // Parses and stops there. Returns a new object with a count of 0, the caller's.
+  // Parses and stops there. Returns a new object with a count of 0, the caller's. Borrows input and context, as below.
   virtual DataObject *handleInput(InputSource &input, TransformContext &context) = 0;
-  // Parses and hands the object to whatever stands behind this format.
+  // Parses and hands the object to whatever stands behind this format; failures of both reach the caller.
   virtual void processInput(InputSource &input, TransformContext &context) = 0;
   // For generated code; nothing in the library asks.
   virtual tvstring getName() { return tvstring(); }

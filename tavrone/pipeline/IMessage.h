@@ -25,12 +25,15 @@ class TAVRONE_API IMessage : public IService {
 
   ~IMessage() noexcept(false) override;
 
+  // A new, empty object of this type.
   virtual SmartPtr<DataObject> createObject() = 0;
+  // A new object of what the bytes say.
   virtual SmartPtr<DataObject> parse(Binary const &bytes, TransformContext &context) = 0;
   virtual SmartPtr<DataObject> parse(RawMessage const &message, TransformContext &context) = 0;
   virtual SmartPtr<DataObject> parse(InputSource &input, TransformContext &context) = 0;
   virtual Result<SmartPtr<DataObject>> parse2(Binary const &bytes, TransformContext &context) = 0;
   virtual Result<SmartPtr<DataObject>> parse2(InputSource &input, TransformContext &context) = 0;
+  // Raises TransformRuntimeException for a validator that the message doesn't have.
   virtual void validate(tvstring const &validatorName, SmartPtr<DataObject> const &object,
                         TransformContext &context) = 0;
   // By the validator "Default".
@@ -39,6 +42,7 @@ class TAVRONE_API IMessage : public IService {
   virtual Result<SmartPtr<DataObject>> validate2(tvstring const &validatorName, SmartPtr<DataObject> const &object,
                                                  TransformContext &context) = 0;
   virtual Result<SmartPtr<DataObject>> validate2(SmartPtr<DataObject> const &object, TransformContext &context) = 0;
+  // The object's bytes, in the form that the context selects; the object is only read.
   virtual Binary serialize(SmartPtr<DataObject> const &object, TransformContext &context) = 0;
   virtual Result<Binary> serialize2(SmartPtr<DataObject> const &object, TransformContext &context) = 0;
   virtual RawMessage serializeMessage(SmartPtr<DataObject> const &object, TransformContext &context) = 0;
@@ -66,7 +70,7 @@ class TAVRONE_API IInternalMessage : public IMessage {
 
   // A new, empty object, the caller's.
   virtual DataObject *createNormalizedObject() = 0;
-  // The entry from an input format: preprocess, validate, postprocess, then the triggers.
+  // The entry from an input format: preprocess, validate, postprocess, then the triggers. Borrows the object.
   virtual void handleNormalizedObject(DataObject *object, TransformContext &context) = 0;
   // These work in place and return the object that they were given.
   virtual SmartPtr<DataObject> preprocess(SmartPtr<DataObject> const &object, TransformContext &context) = 0;

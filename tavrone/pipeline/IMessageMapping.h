@@ -15,6 +15,7 @@ class TAVRONE_API IMessageMapping : public IService {
  public:
   ~IMessageMapping() noexcept(false) override;
 
+  // A new object; the source is only read.
   virtual SmartPtr<DataObject> map(SmartPtr<DataObject> const &source, TransformContext &context) = 0;
   virtual tvstring getSourceMessageName() = 0;
   virtual tvstring getDestinationMessageName() = 0;
@@ -22,6 +23,7 @@ class TAVRONE_API IMessageMapping : public IService {
   virtual MappingInfo *getMappingInfo() = 0;
 };
 
+// The base of generated mappings, which implement map.
 class TAVRONE_API AbstractMessageMapping : public IMessageMapping {
  public:
   ~AbstractMessageMapping() noexcept(false) override;
@@ -55,6 +57,7 @@ class TAVRONE_API INormalizedObjectMappingFormat : public IService {
   virtual tvstring getSourceMessageName() = 0;
 };
 
+// The base of generated mapping formats, which implement map for one object.
 class TAVRONE_API AbstractNormalizedObjectMappingFormat : public INormalizedObjectMappingFormat {
  public:
   ~AbstractNormalizedObjectMappingFormat() noexcept(false) override;

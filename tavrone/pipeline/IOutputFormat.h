@@ -13,7 +13,9 @@ class TAVRONE_API IOutputFormat : public IService {
  public:
   ~IOutputFormat() noexcept(false) override;
 
+  // Borrowed.
   virtual void setOutputDevice(OutputDevice *device) = 0;
+  // Renders the record, which is only read, and delivers it; failures of both reach the caller.
   virtual void write(DataObject *source, TransformContext &context) = 0;
 };
 

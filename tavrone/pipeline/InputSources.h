@@ -31,6 +31,7 @@ class TAVRONE_API ByteArrayInputSource : public AbstractRawMessage {
   std::shared_ptr<char[]> ownedBytes_;  // an adopted buffer, else null
 };
 
+// A text that the caller has.
 class TAVRONE_API StringInputSource : public AbstractRawMessage {
  public:
   // Shares the text.

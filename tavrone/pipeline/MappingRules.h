@@ -38,6 +38,7 @@ class TAVRONE_API InputMappingRules : public CustomMappingRules<IInputMapping> {
   explicit InputMappingRules(tvstring const &className) : CustomMappingRules(className) {}
   ~InputMappingRules() noexcept(false) override;
 
+  // Borrows both; the target is changed in place, as in all of these classes.
   void mapFields(ExternalObject *source, DataObject *target, TransformContext &context);
 
  protected:

@@ -7,6 +7,7 @@ namespace tavrone {
 // What routing reads of an identified message.
 class TAVRONE_API MessageHeader {
  public:
+  // Empty where the message doesn't tell.
   virtual tvstring getMessageFormat() = 0;
   virtual tvstring getMessageType() = 0;
   virtual tvstring getMessageVersion() = 0;

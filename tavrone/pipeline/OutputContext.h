@@ -23,6 +23,7 @@ class TAVRONE_API IOutputContext : public virtual ObjectRef {
   virtual std::vector<ByteArrayOutputDevice *> const &getOutputDevices() const = 0;
 };
 
+// The one that TransformContext makes.
 class TAVRONE_API IOutputContextImpl : public IOutputContext {
  public:
   IOutputContextImpl() = default;

@@ -45,11 +45,14 @@ class TAVRONE_API OutputDevice : public Object {
  public:
   ~OutputDevice() noexcept(false) override;
 
+  // Borrows the bytes for the call. Output formats and flows deliver a message by one write and then a close, which is
+  // left out when the write fails. What a device raises reaches the caller.
   virtual void write(char const *bytes, int length) = 0;
   virtual void close() = 0;
   virtual DeviceInfo const &getDeviceInfo() = 0;
 };
 
+// A device that knows what it was made for.
 class TAVRONE_API AbstractOutputDevice : public OutputDevice {
  public:
   explicit AbstractOutputDevice(DeviceInfo const &deviceInfo) : deviceInfo_(deviceInfo) {}
@@ -100,10 +103,11 @@ class TAVRONE_API IOutputProtocol : public virtual ObjectRef {
  public:
   ~IOutputProtocol() noexcept(false) override;
 
-  // A device for one message; the protocol, or whom it hands it to, owns it.
+  // A device for one message, never null; the protocol, or whom it hands it to, owns it.
   virtual OutputDevice *createDevice(DeviceInfo &deviceInfo, TransformContext &context) = 0;
 };
 
+// For hosts that make devices without a context; nothing in the library asks.
 class TAVRONE_API IOutputDeviceFactory : public virtual ObjectRef {
  public:
   ~IOutputDeviceFactory() noexcept(false) override;

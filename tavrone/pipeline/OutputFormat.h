@@ -11,8 +11,8 @@ class OutputWriter;
 class SimpleOutputWriter;
 
 // Builds header, data and trailer, maps the source into them, has the writer render them, and only then opens the
-// device that "output.device" names: a failed render opens none. Devices are the protocol's. Every failure that passes
-// gets the phase "Output".
+// device that "output.device" names: a failed render opens none. Devices are the protocol's. Every TransformException
+// that passes gets the phase "Output", NamingException for a device that no protocol is bound to among them.
 class TAVRONE_API AbstractOutputFormat : public IOutputFormat {
  public:
   ~AbstractOutputFormat() noexcept(false) override;
@@ -29,6 +29,7 @@ class TAVRONE_API AbstractOutputFormat : public IOutputFormat {
   virtual void mapData(DataObject *source, DataObject *target, TransformContext &context);
   virtual void mapHeader(DataObject *source, DataObject *target, TransformContext &context);
   virtual void mapTrailer(DataObject *source, DataObject *data, DataObject *trailer, TransformContext &context);
+  // The format's own, kept by generated code. Must be a SimpleOutputWriter: else ClassCastException.
   virtual OutputWriter *getOutputWriter() = 0;
 
  protected:

@@ -20,9 +20,10 @@ class TAVRONE_API SimpleOutputWriter : public OutputWriter {
  public:
   ~SimpleOutputWriter() noexcept(false) override;
 
-  // Store the handler for the call.
+  // Store the handler, which then stays, and render as the forms below.
   virtual tvstring write(ExternalObject &object, ExceptionHandler *handler, TransformContext &context);
   virtual RawMessage writeMessage(ExternalObject &object, ExceptionHandler *handler, TransformContext &context);
+  // The whole message as text; the object is only read.
   virtual tvstring writeExternal(ExternalObject &object, TransformContext &context) = 0;
   // The text of writeExternal as a raw message.
   virtual RawMessage writeExternalMessage(ExternalObject &object, TransformContext &context);
@@ -37,6 +38,7 @@ class TAVRONE_API AbstractSimpleOutputWriter : public SimpleOutputWriter {
   ~AbstractSimpleOutputWriter() noexcept(false) override;
 
   tvstring writeExternal(ExternalObject &object, TransformContext &context) override;
+  // Append the part to the text in progress; parts are borrowed.
   virtual void writeHeader(DataObject *header, TransformContext &context) = 0;
   virtual void writeData(DataObject *data, TransformContext &context) = 0;
   virtual void writeTrailer(DataObject *trailer, TransformContext &context) = 0;

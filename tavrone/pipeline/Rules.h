@@ -43,10 +43,12 @@ class TAVRONE_API AbstractValidationRules {
   CustomClassSupport customClasses_;
 };
 
+// The rules of an internal message.
 class TAVRONE_API ValidationRules : public AbstractValidationRules {
  public:
   ~ValidationRules() noexcept(false) override;
 
+  // The generated body: gives each failure to the exception handler, which throws it or collects it.
   virtual void validate(DataObject *object) = 0;
 
   void validate(DataObject *object, TransformContext &context);
@@ -58,6 +60,7 @@ class TAVRONE_API FieldsValidationRules : public AbstractValidationRules {
  public:
   ~FieldsValidationRules() noexcept(false) override;
 
+  // The generated bodies.
   virtual void validateData(DataObject *header, DataObject *data) = 0;
   virtual void validateHeader(DataObject *header) = 0;
   virtual void validateTrailer(DataObject *trailer) = 0;

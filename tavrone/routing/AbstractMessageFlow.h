@@ -67,6 +67,7 @@ class TAVRONE_API AbstractMessageFlow : public IMessageFlow {
   AbstractMessageFlow(AbstractMessageFlow const &other);
   AbstractMessageFlow &operator=(AbstractMessageFlow const &other);
 
+  // For constructors of generated flows.
   void addOutputPort(tvstring const &name, tvstring const &protocol, tvstring const &outputDevice);
 
   // The context of the run in progress. Raises TransformRuntimeException outside of a run.
@@ -74,6 +75,7 @@ class TAVRONE_API AbstractMessageFlow : public IMessageFlow {
   // The same; null outside of a run.
   TransformContext *getDefaultTransformContext() const { return transformContext_; }
 
+  // Around the body of each run: store the context and the handler, and forget them.
   void onStartMesageFlow(TransformContext &context, ExceptionHandler *handler);
   void onEndMesageFlow();
 

@@ -19,6 +19,7 @@ class TAVRONE_API IMessageFlow : public IService {
  public:
   ~IMessageFlow() noexcept(false) override;
 
+  // What comes back is what the flow's body gives. The context is borrowed for the run.
   virtual SmartPtr<DataObject> run(SmartPtr<DataObject> const &object, TransformContext &context) = 0;
   // The list that the flow gets has one element, a BinaryObject with a copy of the payload.
   virtual ObjectList run(InputSource &input, TransformContext &context) = 0;

@@ -15,6 +15,7 @@ class TAVRONE_API ITrigger : public IService {
  public:
   ~ITrigger() noexcept(false) override;
 
+  // Borrows both for the event. Failures leave it and end the message's event.
   virtual void onNewMessage(DataObject *object, TransformContext &context) = 0;
   // Called once, before the first event. The context is borrowed: it outlives the trigger that it keeps.
   virtual void setContext(TriggerContext *context) = 0;

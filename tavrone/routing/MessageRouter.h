@@ -30,7 +30,7 @@ class TAVRONE_API MessageRouter : public Object {
   // Until another service is set, messages fail with TransformException "No message identification service is set".
   void clearMessageIdentificationService();
 
-  // Takes over the configuration. Those added first are asked first.
+  // Takes over the configuration; null is ignored. Those added first are asked first.
   void addMessageConfiguration(MessageConfiguration *configuration);
   // Destroys all configurations; the service and the formats stay.
   void clear();
@@ -41,8 +41,9 @@ class TAVRONE_API MessageRouter : public Object {
 
   // Copies the properties of the message's configuration into the context and runs its input format. Failures reach
   // the caller as they are, a TransformException with the severity "fatal"; the format is kept all the same. Raises
-  // TransformException "input.format property cannot be empty in the message configuration" before the context is
-  // touched.
+  // what getMessageConfiguration raises, and TransformException "input.format property cannot be empty in the message
+  // configuration", before the context is touched; after that NamingException for a format that is not bound. Borrows
+  // input and context.
   void processMessage(InputSource &input, TransformContext &context) const;
   // With a context of its own for this message.
   void processMessage(InputSource &input) const;

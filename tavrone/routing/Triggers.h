@@ -28,6 +28,7 @@ class TAVRONE_API Triggers {
   // at its context is released and not kept.
   ITrigger *getTriggerObject(AbstractTriggerContext &context);
 
+  // The generated choice: fires the triggers by getTriggerObject.
   virtual void handleNewMessage(DataObject *object, TransformContext &context) = 0;
   // For generated code; nothing in the library calls them.
   virtual void handleBatchStart(TransformContext &context) = 0;

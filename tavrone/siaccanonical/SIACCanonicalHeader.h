@@ -5,6 +5,7 @@
 
 namespace tavrone {
 
+// The fields of the header by their indexes, and their tags.
 struct TAVRONE_API SIACCanonicalHeaderLayout {
   using Format = SIACCanonicalFormat;
 

@@ -6,6 +6,7 @@
 
 namespace tavrone {
 
+// What TagValueHeaderParser needs to know of SIAC Canonical.
 struct TAVRONE_API SIACCanonicalHeaderBinding {
   using Format = SIACCanonicalFormat;
   using Header = SIACCanonicalHeader;

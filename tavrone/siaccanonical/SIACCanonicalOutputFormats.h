@@ -13,6 +13,7 @@ class TAVRONE_API SIACCanonicalOutputFormat : public AbstractOutputFormat {
   ~SIACCanonicalOutputFormat() noexcept(false) override;
 };
 
+// The other of the two.
 class TAVRONE_API SIACCanonicalSIACOutputFormat : public AbstractOutputFormat {
  public:
   SIACCanonicalSIACOutputFormat() = default;

@@ -16,6 +16,7 @@ class TAVRONE_API SIACCanonicalOutputWriter : public TagValueWriter<SIACCanonica
   // Adds the indicator, BodyLength, which counts the indicator, and CheckSum.
   tvstring endMessage() override;
 
+  // Fields "<tag>={", "26000=}" and "26999= ".
   void appendBeginGroup(char const *tag) { appendField(tag, '{'); }
   void appendEndGroup() { appendField("26000", '}'); }
   void appendEndGroupInstance() { appendField("26999", ' '); }

@@ -56,6 +56,8 @@ class TAVRONE_API UniversalRecord : public ObjectRef {
   UniversalRecord &operator=(UniversalRecord const &) = default;
   ~UniversalRecord() noexcept(false) override;
 
+  // What the constructor sets, later. With dropLastDelimiter the outermost group takes the delimiter of the last field
+  // away; nothing here reads the record flag.
   void init(tvstring const &delimiter, bool recordFlag, bool dropLastDelimiter) {
     delimiter_ = delimiter;
     recordFlag_ = recordFlag;
