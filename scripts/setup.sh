@@ -28,6 +28,7 @@ find_missing() {
   need libgtest-dev has_header gtest/gtest.h
   need libgmock-dev has_header gmock/gmock.h
   case " $* " in *" benchmarks "*) need libbenchmark-dev has_header benchmark/benchmark.h ;; esac
+  case " $* " in *" coverage "*) need gcovr command -v gcovr ;; esac
   case " $* " in *" fuzzers "*)
     need clang command -v clang++
     need libclang-rt-dev has_libfuzzer
@@ -40,7 +41,7 @@ has_libfuzzer() {
     [ -f "$(clang++ -print-runtime-dir)/libclang_rt.fuzzer-x86_64.a" ]
 }
 
-# install_needs [benchmarks] [fuzzers]: what every build needs, and what the named ones need on top.
+# install_needs [benchmarks] [coverage] [fuzzers]: what every build needs, and what the named ones need on top.
 install_needs() {
   find_missing "$@"
   [ ${#missing[@]} -eq 0 ] && return
