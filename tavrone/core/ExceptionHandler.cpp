@@ -27,7 +27,8 @@ DraconianExceptionHandler::~DraconianExceptionHandler() noexcept(false) = defaul
 CascadingExceptionHandler::~CascadingExceptionHandler() noexcept(false) = default;
 
 void DraconianExceptionHandler::onException(ExceptionDataObject *record) {
-  if (auto const *exception = dynamic_cast<TransformException const *>(record)) throw TransformException(*exception);
+  auto const *const exception = dynamic_cast<TransformException const *>(record);
+  if (exception != nullptr) throw TransformException(*exception);
   throw TransformException(*record);
 }
 

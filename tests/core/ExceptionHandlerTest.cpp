@@ -51,5 +51,16 @@ TEST(Results, OwnTheirRecordsThroughCopiesAndMoves) {
   EXPECT_EQ(second.exceptions.size() + third.exceptions.size(), 4u);
 }
 
+struct Uncloneable : ExceptionDataObject {
+  Object *clone() const override { throw std::bad_alloc(); }
+};
+
+TEST(Results, LeaveNothingBehindWhenACopyFails) {
+  Result<tvstring> first("value", collect());
+  first.exceptions.push_back(new Uncloneable);
+  EXPECT_THROW(Result<tvstring> copy(first), std::bad_alloc);
+  EXPECT_EQ(first.exceptions.size(), 3u);
+}
+
 }  // namespace
 }  // namespace tavrone

@@ -1,6 +1,7 @@
 #include "tavrone/core/MAPM.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <climits>
 #include <cmath>
@@ -9,6 +10,7 @@
 #include <memory>
 #include <random>
 #include <utility>
+#include <vector>
 
 #include "tests/Cases.h"
 #include "tests/Failure.h"
@@ -189,6 +191,45 @@ TEST(MAPM, ExtremesStayBounded) {
             "'m_apm_multiply', Out of memory");
   EXPECT_EQ(reportOf([&] { (void)(tiny / power / power); }), "'m_apm_divide', Out of memory");
 }
+
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)  // both end the process instead
+// Leaves the process with no block of so many bytes, and gives back what it took when it goes.
+class NoMemory {
+ public:
+  explicit NoMemory(size_t size) {
+    std::unique_ptr<void, Free> const enoughToReport(std::malloc(1 << 16));
+    getrlimit(RLIMIT_AS, &before_);
+    rlimit const none{0, before_.rlim_max};
+    setrlimit(RLIMIT_AS, &none);
+    while (void *block = std::malloc(size)) taken_.emplace_back(block);
+  }
+  NoMemory(NoMemory const &) = delete;
+  ~NoMemory() { setrlimit(RLIMIT_AS, &before_); }
+
+ private:
+  struct Free {
+    void operator()(void *block) const { std::free(block); }
+  };
+
+  rlimit before_;
+  std::vector<std::unique_ptr<void, Free>> taken_;
+};
+
+TEST(MAPM, ReportsThatMemoryIsOut) {
+  MAPM great("1E+99999");
+  for (int i = 0; i < 6; ++i) great = great * great;
+  MAPM const small = MAPM(1).divide(great, 1);
+  constexpr size_t DIGITS = 12'000'000;  // about twice 64 times 99,999
+  Failure failures[2];
+  {
+    NoMemory const none(DIGITS / 3);
+    failures[0] = failureOf<TransformException>([&] { (void)(great + small); });
+    failures[1] = failureOf<TransformException>([&] { (void)great.toLong(); });
+  }
+  EXPECT_EQ(failures[0].text, "'m_apm_add', Out of memory");
+  EXPECT_EQ(failures[1].text, "'m_apm_to_integer_string', Out of memory");
+}
+#endif
 
 }  // namespace
 }  // namespace tavrone

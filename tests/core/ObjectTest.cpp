@@ -7,6 +7,7 @@
 #include "tavrone/core/Class.h"
 #include "tavrone/core/SmartPtr.h"
 #include "tavrone/core/Wrappers.h"
+#include "tavrone/pipeline/RawMessage.h"
 #include "tests/Failure.h"
 
 namespace tavrone {
@@ -44,7 +45,7 @@ TEST(Object, EveryTypedOperationFailsWithBothTypeNames) {
       {"ISODateTime", [](Object const &o) { o.getISODate(); }, [](Object &o) { o.setISODate({}); }},
       {"String", [](Object const &o) { o.getString(); }, [](Object &o) { o.setString("1"); }},
       {"Binary", [](Object const &o) { o.getBinary(); }, [](Object &o) { o.setBinary({}); }},
-      {"RawMessage", [](Object const &o) { o.getRawMessage(); }, [](Object &o) { o.getRawMessage(); }},
+      {"RawMessage", [](Object const &o) { o.getRawMessage(); }, [](Object &o) { o.setRawMessage(RawMessage()); }},
       {"Object", [](Object const &o) { Object().setObject(&o); }, [](Object &o) { o.setObject(&o); }}};
   for (auto const &[target, get, set] : operations) {
     Object object;

@@ -137,13 +137,17 @@ TEST(SectionHelper, TurnsFailuresIntoThoseOfFormulas) {
   std::pair<Exception *, char const *> const cases[] = {
       {&cast, "Field 'Price' is not of specified type."},
       {&type, "Field 'Price' is not of specified type."},
-      {&boom, "Unexpected error during formula evaluation ; nested exception is: \n\tboom"}};
+      {&boom, "Unexpected error during formula evaluation ; nested exception is: \n\tboom"},
+      {nullptr, "Unexpected error during formula evaluation ; nested exception is: \n\t"}};
   for (auto const &[failure, text] : cases)
     EXPECT_EQ(failureOf<TransformRuntimeException>([f = failure] {
                 SectionHelper::handleFieldAccessException("Price", f);
               }).text,
               text);
   FieldNullException null("n");
+  FieldNotFoundException unknown("u");
+  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { SectionHelper::handleFieldAccessException(3, &unknown); }).text,
+            "u");
   EXPECT_EQ(failureOf<FieldNullException>([&] { SectionHelper::handleFieldAccessException(3, &null); }).text, "n");
   EXPECT_EQ(failureOf<TransformRuntimeException>([&] { SectionHelper::handleFieldAccessException(3, &cast); }).text,
             "Field at index '3' is not of specified type.");

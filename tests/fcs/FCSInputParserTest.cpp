@@ -12,6 +12,7 @@ using Trailer = Record<"Trailer", Field<"ISN", tvstring>, Field<"Text", tvstring
 
 // One line of header, one of body.
 struct Parser : FCSInputParser {
+  using FCSInputParser::additionalLinesAtEndError;
   void parse(ExternalObject *, Binary const &, TransformContext &) override {}
   ExternalObject *parse(Binary const &, TransformContext &) override { return nullptr; }
   void parseHeader(DataObject *header, LineReader &reader, TransformContext &) override { take(header, reader); }
@@ -54,6 +55,8 @@ TEST(FCSInputParser, WalksHeaderBodyTrailerAndLeftoverLinesInThisOrder) {
               "H|B|more|1 -> Input Sequence Number (ISN) is not found in trailer 4 2 1",
               " -> Trailer is not present in Input 1 0 "},
              parsed);
+  EXPECT_EQ(failureOf<FCSParseException>([] { Parser::additionalLinesAtEndError(); }).text,
+            "Unrecognized lines at the end");
 }
 
 }  // namespace

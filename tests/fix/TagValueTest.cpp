@@ -261,6 +261,16 @@ struct Walk : Format::Parser {
   using Base::missingTag;
 };
 
+struct FIXWalk : Walk<FIX> {
+  using FIXInputParser::throwDuplicateTagException;
+};
+
+TEST(FIXInputParser, LetsGeneratedParsersTellADuplicateTag) {
+  Order order;
+  EXPECT_EQ(failureOf<FIXParsingException>([&] { FIXWalk().throwDuplicateTagException(&order, 0, 55); }).text,
+            "Duplicate Tag '55[Symbol]'.");
+}
+
 TYPED_TEST(TagValue, RaisesTheFailuresOfAWalk) {
   Walk<TypeParam> walk;
   SmartPtr<Order> const order(new Order);

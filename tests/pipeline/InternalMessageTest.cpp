@@ -92,9 +92,12 @@ TEST(InternalMessage, FailsOnWhatItLacks) {
   SmartPtr<Message> const message = new Message("v");
   SmartPtr<DataObject> const object = line("x");
   ByteArrayInputSource source(Binary("x"));
-  auto const unsupported = failureOf<TransformException>([&] { message->parse(source, context); });
-  EXPECT_EQ(unsupported.text, "unsupported operation parse for internal messages");
-  EXPECT_EQ(failureOf<TransformException>([&] { message->parse2(Binary(), context); }).text, unsupported.text);
+  std::function<void()> const unsupported[] = {
+      [&] { message->parse(Binary(), context); }, [&] { message->parse(RawMessage(), context); },
+      [&] { message->parse(source, context); }, [&] { message->parse2(Binary(), context); },
+      [&] { message->parse2(source, context); }};
+  for (auto const &call : unsupported)
+    EXPECT_EQ(failureOf<TransformException>(call).text, "unsupported operation parse for internal messages");
   auto const validator = failureOf<TransformRuntimeException>([&] { message->validate2("X", object, context); });
   EXPECT_EQ(validator.text + validator.source,
             "Validator by name 'X' is not defined for the messagecpp/AbstractInternalMessage");

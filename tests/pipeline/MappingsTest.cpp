@@ -70,15 +70,25 @@ TEST(MappingRules, RunTheGeneratedBodyThenTheCustomClass) {
 TEST(MappingRules, RefuseACustomClassOfAnotherKindAtTheFirstMessage) {
   registerClass<StringObject>("mappings.Wrong");
   TransformContext context;
-  ExternalObject external(nullptr, line("d").get(), nullptr);
-  Input input("mappings.Wrong");
-  try {
-    input.mapFields(&external, external.getData(), context);
-    ADD_FAILURE();
-  } catch (TransformException const &e) {
-    EXPECT_EQ(e.getMessage(), "Error creating custom class instance - mappings.Wrong is not of expected type");
-    EXPECT_EQ(e.getErrorType(), "Mapping");
-  }
+  SmartPtr<DataObject> const source = line("d");
+  ExternalObject external(nullptr, source.get(), nullptr);
+  auto const refusal = [&](auto &&rules, auto &from, auto &to) {
+    tvstring errorType;
+    EXPECT_EQ(failureOf<TransformException>([&] {
+                try {
+                  rules.mapFields(&from, &to, context);
+                } catch (TransformException const &e) {
+                  errorType = e.getErrorType();
+                  throw;
+                }
+              }).shown(),
+              "cpp/MappingRules:12:Error creating custom class instance - mappings.Wrong is not of expected type");
+    return errorType;
+  };
+  EXPECT_EQ(refusal(Input("mappings.Wrong"), external, *source), "Mapping");
+  EXPECT_EQ(refusal(NormalizedObjectMappingRules("mappings.Wrong"), *source, *source), "");
+  EXPECT_EQ(refusal(External("mappings.Wrong"), external, external), "");
+  EXPECT_EQ(refusal(ToExternal("mappings.Wrong"), *source, external), "");
 }
 
 // Maps a line to a new one, up to the line "bad".

@@ -73,15 +73,37 @@ TEST(Rules, HoldTheContextForTheCallAndAfterAFailure) {
   EXPECT_TRUE(stored());
 }
 
+struct Internal : ValidationRules {
+  using ValidationRules::throwFieldInvalid;
+};
+struct Normalized : NormalizedObjectValidationRules {
+  using NormalizedObjectValidationRules::throwFieldInvalid;
+};
+
 TEST(Rules, NameTheRuleAndTheFieldThatIsNotValid) {
-  Failure const simple = failureOf<FieldValidationException>([] { Fields::throwFieldInvalid("R", "F"); });
-  EXPECT_EQ(simple.text + simple.source, "Validation 'R' failed. Field 'F' is not validcpp/FieldsValidationRules");
-  try {
-    Fields::throwFieldInvalid("R", "F", "E7", "unused", false, nullptr, 3);
-  } catch (FieldValidationException const &e) {
-    EXPECT_EQ(e.getFFieldName() + e.getContextProperty("Internal-Code") + e.getContextProperty("index"), "FE73");
-    EXPECT_FALSE(e.getCascadable());
-  }
+  struct {
+    void (*raise)();
+    char const *source, *codeAndIndex;
+    bool cascadable;
+  } const cases[] = {
+      {[] { Internal::throwFieldInvalid("R", "F"); }, "cpp/AbstractValidationRules", "", true},
+      {[] { Normalized::throwFieldInvalid("R", "F"); }, "cpp/NormalizedObjectValidationRules", "", true},
+      {[] { Fields::throwFieldInvalid("R", "F"); }, "cpp/FieldsValidationRules", "", true},
+      {[] { Fields::throwFieldInvalid("R", "F", true, nullptr, 3); }, "cpp/FieldsValidationRules", "3", true},
+      {[] { Fields::throwFieldInvalid("R", "F", "unused", false, nullptr, 3); }, "cpp/FieldsValidationRules", "3",
+       false},
+      {[] { Fields::throwFieldInvalid("R", "F", "E7", "unused", false, nullptr, 3); }, "cpp/FieldsValidationRules",
+       "E73", false},
+  };
+  for (auto const &c : cases) try {
+      c.raise();
+    } catch (FieldValidationException const &e) {
+      EXPECT_EQ(e.getMessage() + e.getTrace().getFileName(),
+                "Validation 'R' failed. Field 'F' is not valid" + tvstring(c.source));
+      EXPECT_EQ(e.getFFieldName(), "F");
+      EXPECT_EQ(e.getContextProperty("Internal-Code") + e.getContextProperty("index"), c.codeAndIndex);
+      EXPECT_EQ(e.getCascadable(), c.cascadable);
+    }
 }
 
 struct Custom : IFieldValidation, IInvokable {

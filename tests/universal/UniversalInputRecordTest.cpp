@@ -57,6 +57,9 @@ TEST(UniversalInputRecord, ReadsFixedFieldsWithinItsEnd) {
        "Section tag separator '=' expected. Found 'c' 2 3"},
       {[](auto &r) { return r.assertCompleted("S"), tvstring(); },
        "Unexpected characters at the end of section 'S'. 0 0"},
+      {[](auto &r) { return r.assertCompleted(), tvstring(); }, "Unexpected characters at the end of sequence. 0 0"},
+      {[](auto &r) { return r.assertMessageCompleted(), tvstring(); },
+       "Unexpected characters at the end of message. 0 0"},
       {[](auto &r) { return r.skip(8), r.assertMessageCompleted(), r.assertCompleted(), r.peekRest(); }, " 0 8"},
   };
   tvstring const text("abcdefghXY");
