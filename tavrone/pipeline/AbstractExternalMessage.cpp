@@ -19,7 +19,7 @@ constexpr char const *SOURCE = "cpp/AbstractExternalMessage";
 ExternalObject &externalObject(SmartPtr<DataObject> const &object) {
   DataObject *const any = object.get();
   if (any == nullptr) raise<TransformRuntimeException>("Unexpected null object. Expected external object", SOURCE);
-  if (auto *const external = dynamic_cast<ExternalObject *>(any)) return *external;
+  if (auto *const external = quickCast<ExternalObject>(any)) return *external;
   raise<TransformRuntimeException>(
       "Unexpected object of type " + Class(typeid(*any)).getName() + ". Expected external object", SOURCE);
 }
