@@ -34,18 +34,14 @@ GenericDataObject::GenericDataObject(DataObjectSection *parentSection, DataObjec
 
 GenericDataObject::GenericDataObject(DataObjectSection *parentSection, DataObjectMetaInfo *metaInfo, bool ownsMetaInfo,
                                      int fieldCount)
-    : parentSection_(parentSection),
-      fieldCount_(fieldCount),
-      values_(new Object *[static_cast<size_t>(fieldCount_)]()),
-      metaInfo_(metaInfo),
-      ownsMetaInfo_(ownsMetaInfo) {}
+    : parentSection_(parentSection), fieldCount_(fieldCount), metaInfo_(metaInfo), ownsMetaInfo_(ownsMetaInfo) {}
 
 // Through another constructor, so that the destructor releases what was taken so far when a clone fails. Metadata is
 // not looked at: the record that owns it may be gone.
 GenericDataObject::GenericDataObject(GenericDataObject const &other)
     : GenericDataObject(nullptr, other.metaInfo_, false, other.fieldCount_) {
   for (int i = 0; i < fieldCount_; ++i) {
-    Object const *value = other.values_[i];
+    Object const *value = other.valueAt(i);
     if (value == nullptr) continue;
     auto const *section = dynamic_cast<SectionObject const *>(value);
     if (section == nullptr) {
@@ -58,7 +54,7 @@ GenericDataObject::GenericDataObject(GenericDataObject const &other)
 }
 
 GenericDataObject::~GenericDataObject() noexcept(false) {
-  for (int i = 0; i < fieldCount_; ++i) ObjectRef::releaseRef(values_[i]);
+  for (int i = 0; values_ != nullptr && i < fieldCount_; ++i) ObjectRef::releaseRef(values_[i]);
   delete[] values_;
   if (ownsMetaInfo_) delete metaInfo_;
 }
@@ -68,6 +64,10 @@ Object *GenericDataObject::clone() const {
 }
 
 void GenericDataObject::store(int index, Object *value) const {
+  if (values_ == nullptr) {
+    if (value == nullptr) return;
+    values_ = new Object *[static_cast<size_t>(fieldCount_)]();
+  }
   Object *old = values_[index];
   ObjectRef::addRef(value);
   values_[index] = value;
@@ -76,7 +76,7 @@ void GenericDataObject::store(int index, Object *value) const {
 
 DataObjectSection *GenericDataObject::getSection(int index) const {
   checkFieldIndex(index);
-  if (values_[index] != nullptr) return checkedCast<SectionObject>(values_[index])->getSection();
+  if (valueAt(index) != nullptr) return checkedCast<SectionObject>(valueAt(index))->getSection();
   auto const *field = dynamic_cast<SectionMetaInfo const *>(metaInfo_->getFieldMetaInfo(index));
   if (field == nullptr) raiseNotASection(metaInfo_->getFieldName(index));
   AbstractDataObjectSection *section = newSection(*field);
@@ -88,23 +88,23 @@ DataObjectSection *GenericDataObject::getSection(int index) const {
 
 bool GenericDataObject::getField(int index, Object &out) const {
   checkFieldIndex(index);
-  if (values_[index] == nullptr) return false;
-  out.setObject(values_[index]);
+  if (valueAt(index) == nullptr) return false;
+  out.setObject(valueAt(index));
   return true;
 }
 
 Object *GenericDataObject::getField(int index) const {
   checkFieldIndex(index);
-  return values_[index] == nullptr ? nullptr : values_[index]->clone();
+  return valueAt(index) == nullptr ? nullptr : valueAt(index)->clone();
 }
 
 Object *GenericDataObject::getFieldCheckNull(int index) const {
   checkFieldIndex(index);
-  if (values_[index] == nullptr)
+  if (valueAt(index) == nullptr)
     raise<FieldNullException>("Attempt to access field '" +
                                   const_cast<GenericDataObject *>(this)->getQualifiedName(index) + "' with NULL value",
                               SOURCE, 87);
-  return values_[index];
+  return valueAt(index);
 }
 
 SmartPtr<Object> GenericDataObject::getFieldCheckNullVal(int index) {
@@ -113,7 +113,7 @@ SmartPtr<Object> GenericDataObject::getFieldCheckNullVal(int index) {
 
 bool GenericDataObject::isNull(int index) const {
   checkFieldIndex(index);
-  return values_[index] == nullptr;
+  return valueAt(index) == nullptr;
 }
 
 void GenericDataObject::setNull(int index) {
@@ -128,7 +128,7 @@ void GenericDataObject::setField(int index, Object const &value) {
 void GenericDataObject::setField(int index, Object const *value) {
   checkFieldIndex(index);
   auto const *section = dynamic_cast<SectionObject const *>(value);
-  auto const *held = section == nullptr ? nullptr : dynamic_cast<SectionObject const *>(values_[index]);
+  auto const *held = section == nullptr ? nullptr : dynamic_cast<SectionObject const *>(valueAt(index));
   // The field may own that section: releasing it here would leave the new value dangling.
   if (held != nullptr && held->getSection() == section->getSection()) return;
   store(index, value == nullptr ? nullptr : value->clone());
@@ -136,8 +136,8 @@ void GenericDataObject::setField(int index, Object const *value) {
 
 bool GenericDataObject::isEmpty() const {
   for (int i = 0; i < fieldCount_; ++i) {
-    if (values_[i] == nullptr) continue;
-    auto const *section = dynamic_cast<SectionObject const *>(values_[i]);
+    if (valueAt(i) == nullptr) continue;
+    auto const *section = dynamic_cast<SectionObject const *>(valueAt(i));
     bool const empty = section != nullptr ? section->getSection()->isEmpty() : metaInfo_->isSynthesized(i);
     if (!empty) return false;
   }

@@ -62,12 +62,14 @@ class TAVRONE_API GenericDataObject : public DataObjectBase {
   GenericDataObject(DataObjectSection *parentSection, DataObjectMetaInfo *metaInfo, bool ownsMetaInfo, int fieldCount);
 
   void checkFieldIndex(int index) const;
+  // Null for a null field.
+  Object *valueAt(int index) const { return values_ == nullptr ? nullptr : values_[index]; }
   // Takes over `value` with a reference and releases the old one.
   void store(int index, Object *value) const;
 
   DataObjectSection *parentSection_;
   int fieldCount_;
-  Object **values_;
+  mutable Object **values_ = nullptr;  // null until a value is stored
   DataObjectMetaInfo *metaInfo_;
   bool ownsMetaInfo_;
   // Behind the borrowing values that a copy starts with.
