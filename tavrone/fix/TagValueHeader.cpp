@@ -1,6 +1,7 @@
 #include "tavrone/fix/TagValueHeader.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "tavrone/core/Parsing.h"
 #include "tavrone/core/Raise.h"
@@ -52,7 +53,7 @@ DataObjectMetaInfo *TagValueHeader<Layout>::typeMetaInfo() {
 
 template <class Layout>
 TagValueHeader<Layout>::TagValueHeader() : GenericDataObject(typeMetaInfo(), false) {
-  init();
+  setMessageFormat(tvstringliteral(Layout::MESSAGE_FORMAT));
 }
 template <class Layout>
 TagValueHeader<Layout>::TagValueHeader(TagValueHeader const &other)
@@ -213,6 +214,21 @@ bool TagValueHeader<Layout>::setTag(int tag, tvstring const &value) {
     flags_[index] = true;
   }
   return true;
+}
+
+template <class Layout>
+void TagValueHeader<Layout>::keepTexts(char const *bytes, int length) {
+  // Where the text ends; 0 for one that is no view on the bytes.
+  auto const endOf = [&](tvstring const &text) {
+    std::less<char const *> const before;
+    char const *const end = text.data() + text.length();
+    return before(text.data(), bytes) || before(bytes + length, end) ? 0 : static_cast<std::size_t>(end - bytes);
+  };
+  std::size_t size = 0;
+  for (tvstring const &text : texts_) size = std::max(size, endOf(text));
+  tvstring const copy(bytes, size);
+  for (tvstring &text : texts_)
+    if (std::size_t const end = endOf(text)) copy.substr(end - text.length(), text.length(), text);
 }
 
 template class TagValueHeader<FIXHeaderLayout>;

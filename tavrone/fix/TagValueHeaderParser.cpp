@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tavrone/core/Binary.h"
 #include "tavrone/fix/FIXHeaderParser.h"
 #include "tavrone/siaccanonical/SIACCanonicalHeaderParser.h"
 
@@ -10,38 +11,6 @@ namespace tavrone {
 namespace {
 
 constexpr char SOH = '\x01';
-
-char const *findByte(char const *from, char const *end, char byte) {
-  return static_cast<char const *>(std::memchr(from, byte, static_cast<std::size_t>(end - from)));
-}
-
-enum class TokenKind { OF_HEADER, OF_BODY, BROKEN };
-
-template <class Header>
-TokenKind kindOf(char const *token, char const *end) {
-  char const *equals = findByte(token, end, '=');
-  int tag;
-  if (equals == nullptr || !tryReadInt(token, equals, tag)) return TokenKind::BROKEN;
-  return Header::hasTag(tag) ? TokenKind::OF_HEADER : TokenKind::OF_BODY;
-}
-
-// How many bytes the header takes: through its last field, or through the token that breaks it. The field behind it may
-// be huge and is looked at only as far as its tag reaches. The message's last byte belongs to no token.
-template <class Header>
-std::size_t headerLength(char const *bytes, char const *end) {
-  constexpr std::ptrdiff_t TAG_ROOM = 12;
-  for (char const *at = bytes; at != end;) {
-    TokenKind kind = kindOf<Header>(at, at + std::min(TAG_ROOM, end - 1 - at));
-    if (kind == TokenKind::OF_BODY) return static_cast<std::size_t>(at - bytes);
-    char const *tokenEnd = findByte(at, end, SOH);
-    if (tokenEnd == nullptr) break;
-    if (kind == TokenKind::BROKEN) kind = kindOf<Header>(at, tokenEnd);
-    if (kind == TokenKind::OF_BODY) return static_cast<std::size_t>(at - bytes);
-    at = tokenEnd + 1;
-    if (kind == TokenKind::BROKEN) return static_cast<std::size_t>(at - bytes);
-  }
-  return static_cast<std::size_t>(end - bytes);
-}
 
 }  // namespace
 
@@ -55,15 +24,18 @@ void TagValueHeaderParser<Binding>::parseHeader(Header *header, Tokenizer &token
   }
 }
 
+// The header is read from the bytes as they stand. Only then is it known how many of them it needs.
 template <class Binding>
 void TagValueHeaderParser<Binding>::parseHeader(Header &header, char const *bytes, int length) {
-  Tokenizer tokenizer(tvstring(bytes, headerLength<Header>(bytes, bytes + std::max(length, 0))), SOH);
+  Tokenizer tokenizer(Binary(bytes, static_cast<std::size_t>(std::max(length, 0)), false).asText(), SOH);
   try {
     parseHeader(&header, tokenizer);
   } catch (TransformException &failure) {
+    header.keepTexts(bytes, tokenizer.getCurrentIndex());
     failure.setMessage("[col " + intToString(tokenizer.getNextTokenIndex()) + "] " + failure.getMessage());
     Binding::fail(failure);
   }
+  header.keepTexts(bytes, tokenizer.getCurrentIndex());
 }
 
 template class TagValueHeaderParser<FIXHeaderBinding>;

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "tavrone/core/Wrappers.h"
 #include "tavrone/routing/MessageConfiguration.h"
 #include "tests/Failure.h"
@@ -35,7 +38,7 @@ TEST(FIXHeader, IsMatchedByItsFieldsAndTheirFlags) {
 }
 
 TEST(FIXHeader, KeepsEachParsedFieldButSendingTime) {
-  char const bytes[] =
+  char bytes[] =
       "8=FIX.4.4\x01"
       "9=12\x01"
       "35=8\x01"
@@ -54,6 +57,7 @@ TEST(FIXHeader, KeepsEachParsedFieldButSendingTime) {
       "50=no\x01";
   FIXHeader header;
   header.parseHeader(bytes, sizeof bytes - 1);
+  std::fill(std::begin(bytes), std::end(bytes), '#');
   std::string shown;
   for (int i = 0; i < header.getFieldCount(); ++i) {
     SmartPtr<Object> const value(header.getField(i));
@@ -63,6 +67,19 @@ TEST(FIXHeader, KeepsEachParsedFieldButSendingTime) {
             "MessageFormat=FIX MessageType=D MessageVersion=4.4 BeginString=FIX.4.4 BodyLength=12 MsgType=D "
             "SenderCompID=S TargetCompID=T OnBehalfOfCompID=O DeliverToCompID=V MsgSeqNum=9 SenderSubID=s "
             "TargetSubID=t SendingTime=null ");
+}
+
+TEST(FIXHeader, OwnsWhatItReadBeforeAFailure) {
+  char bytes[] =
+      "8=FIX.4.4\x01"
+      "35=D\x01"
+      "34=x\x01"
+      "58=text\x01";
+  FIXHeader header;
+  EXPECT_EQ(failureOf<TransformException>([&] { header.parseHeader(bytes, sizeof bytes - 1); }).text,
+            "[col 20] Cannot convert 'x' to int");
+  std::fill(std::begin(bytes), std::end(bytes), '#');
+  EXPECT_EQ(header.stringform(), "MessageFormat = FIX, Message Version = 4.4, Message Type = D");
 }
 
 }  // namespace
