@@ -30,8 +30,12 @@ SmartPtr<DataObject> cloneOf(SmartPtr<DataObject> const &part) {
 ExternalObject::ExternalObject() : AbstractDataObject(typeMetaInfo(), flags_, nullptr) {}
 
 ExternalObject::ExternalObject(DataObject *headerPart, DataObject *dataPart, DataObject *trailerPart)
-    : ExternalObject() {
-  setExternalObjects(headerPart, dataPart, trailerPart);
+    : AbstractDataObject(typeMetaInfo(), nullptr, nullptr),
+      header(headerPart),
+      data(dataPart),
+      trailer(trailerPart),
+      flags_{true, true, true} {
+  nullFlags = flags_;
 }
 
 ExternalObject::ExternalObject(ExternalObject const &other)
