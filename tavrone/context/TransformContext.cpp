@@ -33,6 +33,10 @@ size_t slotOf(tvstring const &key) {
   return key.empty() ? 0 : key.length() + 5U * static_cast<unsigned char>(key[key.length() - 1]);
 }
 
+uint64_t bitOf(tvstring const &key) {
+  return uint64_t{1} << slotOf(key) % 64;
+}
+
 }  // namespace
 
 TransformContext::TransformContext() = default;
@@ -42,6 +46,7 @@ TransformContext::TransformContext(TransformContext const &other) : TransformCon
 TransformContext &TransformContext::operator=(TransformContext const &other) {
   if (this == &other) return *this;
   found_.fill(nullptr);
+  keyBits_ = other.keyBits_;
   if (other.strings_ == nullptr)
     strings_.reset();
   else
@@ -58,10 +63,12 @@ void TransformContext::setContextProperty(tvstring const &key, tvstring const &v
 }
 
 void TransformContext::setProperty(tvstring const &key, tvstring const &value) {
-  if (tvstring *stored = findProperty(key))
+  if (tvstring *stored = findProperty(key)) {
     *stored = value;
-  else
-    strings().emplace(key, value);
+    return;
+  }
+  keyBits_ |= bitOf(key);
+  strings().emplace(key, value);
 }
 
 void TransformContext::setObjectProperty(tvstring const &key, Object *value) {
@@ -114,11 +121,13 @@ void TransformContext::copyTo(TransformContext &target) {
 
 void TransformContext::clear() {
   found_.fill(nullptr);
+  keyBits_ = 0;
   if (strings_ != nullptr) strings_->clear();
   outputContext_.release();
 }
 
 void TransformContext::putAll(Strings const &properties) {
+  for (auto const &[key, value] : properties) keyBits_ |= bitOf(key);
   strings().insert(properties.begin(), properties.end());
 }
 
@@ -128,7 +137,7 @@ ObjectPtrMap<Object> &TransformContext::getObjectPropertyMap() {
 }
 
 tvstring *TransformContext::findProperty(tvstring const &key) const {
-  if (strings_ == nullptr) return nullptr;
+  if ((keyBits_ & bitOf(key)) == 0) return nullptr;
   Strings::value_type *&found = found_[slotOf(key) % found_.size()];
   if (found == nullptr || found->first != key) {
     auto const entry = strings_->find(key);

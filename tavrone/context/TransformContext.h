@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <map>
 #include <memory>
 
@@ -87,6 +88,7 @@ class TAVRONE_API TransformContext : public Object {
   SmartPtr<IOutputContext> outputContext_;
   // The entries that were found last, by a few bits of their keys: most look-ups are for the same handful of keys.
   mutable std::array<Strings::value_type *, 16> found_{};
+  uint64_t keyBits_ = 0;  // a bit for each key that is there: most keys that are not have none
 };
 
 // A private layer of text properties over a context that it borrows. The output context and clear() are the wrapped
