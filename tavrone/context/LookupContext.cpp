@@ -22,10 +22,10 @@ void refuse(Object *object) {
   ObjectRef::releaseRef(object);
 }
 
-// What is bound, and each binding of an output protocol once more as that: every message looks one up, and a cast from
+// What is bound, and the output protocols among it once more as such: every message looks one up, and a cast from
 // Object is dear. Objects go first at exit.
 struct Directory {
-  std::multimap<Object const *, IOutputProtocol *> protocols;
+  std::map<tvstring, IOutputProtocol *> protocols;
   ObjectPtrMap<Object> objects;
 };
 Directory &directory() {
@@ -33,12 +33,8 @@ Directory &directory() {
   return bound;
 }
 
-void noteBound(Object *object) {
-  if (auto *const protocol = dynamic_cast<IOutputProtocol *>(object)) directory().protocols.emplace(object, protocol);
-}
-void noteUnbound(Object const *object) {
-  auto const entry = directory().protocols.find(object);
-  if (entry != directory().protocols.end()) directory().protocols.erase(entry);
+void noteBound(tvstring const &name, Object *object) {
+  if (auto *const protocol = dynamic_cast<IOutputProtocol *>(object)) directory().protocols.emplace(name, protocol);
 }
 
 // Text of its own: what threads share has no count that they touch.
@@ -94,10 +90,8 @@ SmartPtr<INormalizedObjectMappingFormat> LookupContextImpl::lookupNormalizedObje
 }
 
 IOutputProtocol *LookupContextImpl::lookupOutputProtocol(tvstring const &name) {
-  Object *const object = lookup(name);
-  auto const known = directory().protocols.find(object);
+  auto const known = directory().protocols.find(name);
   if (known != directory().protocols.end()) return known->second;
-  if (auto *protocol = dynamic_cast<IOutputProtocol *>(object)) return protocol;
   raise<NamingException>("Device not available at " + name, "cpp/LookupContextImpl");
 }
 
@@ -125,7 +119,7 @@ void LookupContextImpl::bind(tvstring const &name, Object *object) {
   auto const [entry, inserted] = getLookupContextList().try_emplace(copyOf(name), object);
   if (inserted) {
     ObjectRef::addRef(object);
-    noteBound(object);
+    noteBound(entry->first, object);
     return;
   }
   if (entry->second != object) refuse(object);
@@ -138,8 +132,7 @@ void LookupContextImpl::rebind(tvstring const &name, Object *object) {
   if (entry != objects.end() && entry->second == object) return;
   LookupContextImpl::unbind(name);
   ObjectRef::addRef(object);
-  objects.emplace(copyOf(name), object);
-  noteBound(object);
+  noteBound(objects.emplace(copyOf(name), object).first->first, object);
 }
 
 Object *LookupContextImpl::lookup(tvstring const &name) {
@@ -153,8 +146,8 @@ void LookupContextImpl::unbind(tvstring const &name) {
   auto const entry = objects.find(name);
   if (entry == objects.end()) return;
   Object *const object = entry->second;
+  directory().protocols.erase(name);
   objects.erase(entry);
-  noteUnbound(object);
   ObjectRef::releaseRef(object);
 }
 

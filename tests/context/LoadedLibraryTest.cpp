@@ -71,9 +71,14 @@ TEST(LoadedLibrary, SharesItsProtocols) {
   IOutputProtocol *const protocol = directory()->lookupOutputProtocol("components.protocol");
   EXPECT_EQ(directory()->lookupOutputProtocol("components.protocol"), protocol);
   EXPECT_EQ(protocol->getRefCount(), 1);
-  for (std::string const wrong : {"none", "components.flow"})
+  for (char const *name : {"protocol", "former", "unbound"}) directory()->rebind(name, new ContextOutputProtocol);
+  EXPECT_EQ(directory()->lookupOutputProtocol("protocol"), directory()->lookup("protocol"));
+  directory()->rebind("former", new StringObject("no protocol"));
+  directory()->unbind("unbound");
+  for (std::string const wrong : {"none", "components.flow", "former", "unbound"})
     EXPECT_EQ(failureOf<NamingException>([&] { directory()->lookupOutputProtocol(wrong.c_str()); }).text,
               "Device not available at " + wrong);
+  for (char const *name : {"protocol", "former"}) directory()->unbind(name);
 }
 
 TEST(LoadedLibrary, FindsTheRuntimeAtWorkBeforeItsOwnStaticObjectsAreMade) {
