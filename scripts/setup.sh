@@ -27,8 +27,24 @@ find_missing() {
   need pkg-config command -v pkg-config
   need libgtest-dev has_header gtest/gtest.h
   need libgmock-dev has_header gmock/gmock.h
-  case " $* " in *" benchmarks "*) need libbenchmark-dev has_header benchmark/benchmark.h ;; esac
   case " $* " in *" coverage "*) need gcovr command -v gcovr ;; esac
+  case " $* " in *" benchmarks "*)
+    need libbenchmark-dev has_header benchmark/benchmark.h
+    need python3 command -v python3
+    # The peers.
+    need libquickfix-dev has_header quickfix/FieldMap.h
+    need libboost-dev has_header boost/multiprecision/cpp_dec_float.hpp
+    need libpugixml-dev has_header pugixml.hpp
+    need libprotobuf-dev has_header google/protobuf/message.h
+    need protobuf-compiler command -v protoc
+    ;;
+  esac
+  case " $* " in *" analysis "*)
+    need clang command -v clang++
+    need clang-tidy command -v clang-tidy
+    need cppcheck command -v cppcheck
+    ;;
+  esac
   case " $* " in *" fuzzers "*)
     need clang command -v clang++
     need libclang-rt-dev has_libfuzzer
@@ -41,7 +57,7 @@ has_libfuzzer() {
     [ -f "$(clang++ -print-runtime-dir)/libclang_rt.fuzzer-x86_64.a" ]
 }
 
-# install_needs [benchmarks] [coverage] [fuzzers]: what every build needs, and what the named ones need on top.
+# install_needs [benchmarks] [coverage] [analysis] [fuzzers]: what every build needs, and what the named ones need on top.
 install_needs() {
   find_missing "$@"
   [ ${#missing[@]} -eq 0 ] && return

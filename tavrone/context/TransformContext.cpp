@@ -30,7 +30,7 @@ namespace {
 
 // Gives each of the names above a slot of its own among 16.
 size_t slotOf(tvstring const &key) {
-  return key.empty() ? 0 : key.length() + 5U * static_cast<unsigned char>(key[key.length() - 1]);
+  return key.empty() ? 0 : key.length() + 5UL * static_cast<unsigned char>(key[key.length() - 1]);
 }
 
 uint64_t bitOf(tvstring const &key) {

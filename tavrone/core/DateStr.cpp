@@ -43,7 +43,7 @@ char const *twoDigits(size_t value) {
 // The four digits of a year of the table, or null.
 char const *yearText(int year) {
   unsigned const row = static_cast<unsigned>(year) - static_cast<unsigned>(FIRST_YEAR);
-  return row < YEARS ? &YEAR_TEXTS[row * 4] : nullptr;
+  return row < YEARS ? &YEAR_TEXTS[row * 4UL] : nullptr;
 }
 
 // A letter of digits only; year and month have rules of their own.
