@@ -92,6 +92,8 @@ SmartPtr<INormalizedObjectMappingFormat> LookupContextImpl::lookupNormalizedObje
 IOutputProtocol *LookupContextImpl::lookupOutputProtocol(tvstring const &name) {
   auto const known = directory().protocols.find(name);
   if (known != directory().protocols.end()) return known->second;
+  // A subclass may look up elsewhere.
+  if (auto *const protocol = dynamic_cast<IOutputProtocol *>(lookup(name))) return protocol;
   raise<NamingException>("Device not available at " + name, "cpp/LookupContextImpl");
 }
 
