@@ -75,16 +75,6 @@ long long readDigits(char const *&at, char const *end) {
 
 }  // namespace
 
-void FCSLineTokenizer::Token::show(Token const &line, size_t from, size_t to) noexcept {
-  if (owner_ != line.owner_) {
-    clean();
-    owner_ = line.owner_;
-    if (owner_ != nullptr) owner_->addRef();
-  }
-  data_ = line.data_ + from;
-  length_ = to - from;
-}
-
 void FCSLineTokenizer::setString(tvstring const &line) {
   Edges const edges(line);
   if (edges.hasTooMany()) {
@@ -93,11 +83,12 @@ void FCSLineTokenizer::setString(tvstring const &line) {
     failure.setColumn(static_cast<int>(std::min<size_t>(edges.end(Edges::MAX_TOKENS - 1), INT_MAX)));
     throw failure;
   }
-  line_ = line;
+  tvstring text(line);  // which may be one of the tokens
   size_t const count = edges.tokenCount();
-  constructTokens(count);
-  destroyTokens(count);
-  for (size_t i = 0; i != count; ++i) tokens_.places[i].show(line_, edges.begin(i), edges.end(i));
+  setTokenCount(count);
+  // Tokens that had the line's array before aren't counted up and down.
+  for (size_t i = 0; i != count; ++i) text.substr(edges.begin(i), edges.end(i) - edges.begin(i), tokens_.places[i]);
+  line_ = std::move(text);
   currentToken_ = 0;
 }
 
@@ -108,13 +99,11 @@ FCSLineTokenizer &FCSLineTokenizer::operator=(FCSLineTokenizer const &other) {
   return *this;
 }
 
-void FCSLineTokenizer::constructTokens(size_t count) {
-  for (auto i = static_cast<size_t>(tokenCount_); i < count; ++i) std::construct_at(&tokens_.places[i]);
-  tokenCount_ = std::max(tokenCount_, static_cast<int>(count));
-}
-void FCSLineTokenizer::destroyTokens(size_t count) {
-  for (size_t i = count; i < static_cast<size_t>(tokenCount_); ++i) std::destroy_at(&tokens_.places[i]);
-  tokenCount_ = std::min(tokenCount_, static_cast<int>(count));
+void FCSLineTokenizer::setTokenCount(size_t count) {
+  auto const former = static_cast<size_t>(tokenCount_);
+  for (size_t i = former; i < count; ++i) std::construct_at(&tokens_.places[i]);
+  for (size_t i = count; i < former; ++i) std::destroy_at(&tokens_.places[i]);
+  tokenCount_ = static_cast<int>(count);
 }
 
 tvstring const &FCSLineTokenizer::getNextToken(int n) {

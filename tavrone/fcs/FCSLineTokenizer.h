@@ -21,7 +21,7 @@ class TAVRONE_API FCSLineTokenizer {
   FCSLineTokenizer(tvstring const &line) { setString(line); }
   FCSLineTokenizer(FCSLineTokenizer const &other) { *this = other; }
   FCSLineTokenizer &operator=(FCSLineTokenizer const &other);
-  ~FCSLineTokenizer() { destroyTokens(0); }
+  ~FCSLineTokenizer() { setTokenCount(0); }
 
   // Starts afresh with the line, which may be a token of the former one. Raises "Too many tokens in line" and then
   // keeps the former line.
@@ -118,33 +118,26 @@ class TAVRONE_API FCSLineTokenizer {
  private:
   static constexpr int PLACES = 50;
 
-  // A token: a view on the line. All tokens of a line share one owner, so that a tokenizer that is given line after
-  // line of one message doesn't count them up and down.
-  struct Token : tvstring {
-    using tvstring::operator=;
-    void show(Token const &line, size_t from, size_t to) noexcept;
-  };
   // Room for tokens; those of the line are constructed, the others are not. Most lines have few.
   union Places {
     Places() {}
     ~Places() {}
-    std::array<Token, PLACES> places;
+    std::array<tvstring, PLACES> places;
   };
 
   tvstring const &token(long long i) const {
     return i >= 0 && i < tokenCount_ ? tokens_.places[static_cast<size_t>(i)] : tvstring::EMPTY;
   }
   void moveTo(long long place) { currentToken_ = static_cast<int>(place < 0 ? 0 : place > INT_MAX ? INT_MAX : place); }
-  // Both from the former number of tokens to `count`.
-  void constructTokens(size_t count);
-  void destroyTokens(size_t count);
+  // Constructs those that are missing and destroys those that are too many.
+  void setTokenCount(size_t count);
   tvstring run(long long end) const;
   int columnOf(int end) const;
   double readPrice();
   double readFraction() const;
   [[noreturn]] void fail(tvstring const &text, int line = __builtin_LINE()) const;
 
-  Token line_;
+  tvstring line_;
   Places tokens_;
   int currentToken_ = 0;
   int tokenCount_ = 0;
