@@ -149,11 +149,14 @@ void FCSOutputWriter::addToPreviousToken(tvstring const &text, int i) {
 }
 
 void FCSOutputWriter::finishLine() {
+  size_t length = LINE_FEED.length();
+  for (tvstring const &token : lineTokens_) length += token.length() + (&token != lineTokens_.data());
+  char *at = message_.extend(length);
   for (tvstring const &token : lineTokens_) {
-    if (&token != lineTokens_.data()) message_.append(' ');
-    message_.append(token);
+    if (&token != lineTokens_.data()) *at++ = ' ';
+    at = std::copy(token.data(), token.data() + token.length(), at);
   }
-  message_.append(LINE_FEED);
+  std::copy(LINE_FEED.data(), LINE_FEED.data() + LINE_FEED.length(), at);
   lineTokens_.clear();
   if (!rendered_.empty()) restart(rendered_);
 }
