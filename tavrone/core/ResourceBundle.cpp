@@ -1,5 +1,7 @@
 #include "tavrone/core/ResourceBundle.h"
 
+#include <algorithm>
+
 #include "tavrone/core/Catalogues.h"
 #include "tavrone/core/DigitText.h"
 #include "tavrone/core/InternedText.h"
@@ -89,7 +91,7 @@ class MessageText : private tvstring {
  public:
   explicit MessageText(size_t room) : at_(ensureCleanFree(room)), room_(room) {}
 
-  void put(char c) { *at_++ = c; }
+  void put(char const *begin, char const *end) { at_ = std::copy(begin, end, at_); }
   void append(tvstring const &text, size_t patternLeft) {
     size_t const used = static_cast<size_t>(at_ - data());
     size_t const needed = used + text.length() + patternLeft;
@@ -119,9 +121,12 @@ tvstring formatMessage(tvstring const &pattern, ObjectList const &args) {
   MessageText out(pattern.length() + ROOM_FOR_ARGUMENTS);
   char const *const end = pattern.data() + pattern.length();
   ClosingBrace closing(pattern.data(), end);
-  for (char const *at = pattern.data(); at != end;) {
-    char const c = *at++;
-    if (c == '{') {
+  for (char const *at = pattern.data();;) {
+    char const *const mark = std::find_if(at, end, [](char c) { return c == '{' || c == '\''; });
+    out.put(at, mark);
+    if (mark == end) return out.take();
+    at = mark + 1;
+    if (*mark == '{') {
       char const *close = closing.from(at);
       int index;
       if (close != nullptr && tryReadInt(at, close, index) && index >= 0 && index < args.size()) {
@@ -129,12 +134,11 @@ tvstring formatMessage(tvstring const &pattern, ObjectList const &args) {
         if (Object const *argument = args[index]) out.append(argument->toString(), static_cast<size_t>(end - at));
         continue;
       }
-    } else if (c == '\'' && at != end && *at == '\'') {
+    } else if (at != end && *at == '\'') {
       ++at;
     }
-    out.put(c);
+    out.put(mark, mark + 1);
   }
-  return out.take();
 }
 
 tvstring catalogueMessage(char const *key, ObjectList const &arguments) {
