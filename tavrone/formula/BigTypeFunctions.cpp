@@ -1,10 +1,10 @@
 #include "tavrone/formula/BigTypeFunctions.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "tavrone/core/Conversion.h"
 #include "tavrone/core/Raise.h"
+#include "tavrone/formula/FormatFunctions.h"
 
 namespace tavrone {
 namespace {
@@ -58,8 +58,7 @@ int BigTypeFunctions::scale(BigDecimal const &value) {
 }
 
 tvstring BigTypeFunctions::toText(BigDecimal const &value, int decimals) {
-  std::unique_ptr<char[]> const text(value.toFixPtStringExp(std::min(decimals, MAX_DECIMALS), '.', '\0', 0));
-  return tvstring(text.get());
+  return FormatFunctions::formatFixed(value, std::min(decimals, MAX_DECIMALS));
 }
 
 void BigTypeFunctions::raiseDivideByZero() {
