@@ -1,6 +1,6 @@
 #include "examples/gateway/GatewayOrder.h"
 
-#include "examples/order_desk/Checks.h"
+#include "examples/messages/Checks.h"
 
 namespace examples {
 

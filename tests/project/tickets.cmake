@@ -1,4 +1,4 @@
-# Runs the order desk as a user would, by the router and by the flow, and again where no file can be written.
+# Runs the tickets host as a user would, by the router and by the flow, and again where no file can be written.
 
 function(run result output)
   file(REMOVE_RECURSE ${out})

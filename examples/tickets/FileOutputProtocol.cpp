@@ -1,4 +1,4 @@
-#include "examples/order_desk/FileOutputProtocol.h"
+#include "examples/tickets/FileOutputProtocol.h"
 
 #include <unistd.h>
 

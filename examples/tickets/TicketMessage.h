@@ -1,6 +1,6 @@
 #pragma once
 
-#include "examples/order_desk/OrderTriggers.h"
+#include "examples/tickets/OrderTriggers.h"
 
 namespace examples {
 

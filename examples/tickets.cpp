@@ -1,6 +1,6 @@
-// A host that takes orders and sends tickets: order_desk [--flow] [--out <folder>] examples/data/orders.txt ...
+// A host that takes orders and sends tickets: tickets [--flow] [--out <folder>] examples/data/orders.txt ...
 //
-// It shows the inside of the pipeline, with the classes of the folder order_desk/. The router identifies a line and
+// It shows the inside of the pipeline, with the classes of the folder tickets/. The router identifies a line and
 // hands it to an input format; the line is parsed into an order, the order is completed, checked and processed by the
 // rules of its message, mapped by a trigger to a ticket, which is a message with rules of its own, and the ticket is
 // written by another trigger to a device: blocks to a file each, the rest to memory. Nothing of that is called from
@@ -23,7 +23,7 @@
 #include <vector>
 
 #include "examples/messages/OrderLineParser.h"
-#include "examples/order_desk/FileOutputProtocol.h"
+#include "examples/tickets/FileOutputProtocol.h"
 #include "tavrone/tavrone.h"
 
 using namespace tavrone;
@@ -85,9 +85,9 @@ MessageIdentificationService *orderLineService() {
   return service;
 }
 
-class OrderDesk {
+class TicketDesk {
  public:
-  OrderDesk(std::filesystem::path const &folder, bool byFlow)
+  TicketDesk(std::filesystem::path const &folder, bool byFlow)
       : files_(new FileOutputProtocol(folder)), router_(orderLineService()) {
     SmartPtr<ILookupContext> const directory = LookupContextFactory::getLookupContext();
     directory->bind("file", files_.get());
@@ -224,7 +224,7 @@ int usage(char const *program) {
 }
 
 std::filesystem::path makeTemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "order_desk.XXXXXX").string();
+  std::string name = (std::filesystem::temp_directory_path() / "tickets.XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr)
     throw std::filesystem::filesystem_error("Cannot make a folder", name,
                                             std::error_code(errno, std::generic_category()));
@@ -253,7 +253,7 @@ int main(int argc, char **argv) {
     if (arguments.empty()) return usage(argv[0]);
     if (folder.empty()) folder = makeTemporaryFolder();
 
-    OrderDesk desk(folder, byFlow);
+    TicketDesk desk(folder, byFlow);
     std::printf("%-20s %-9s %-20s %s\n", "Source", "Order", "Went to", "What came out");
     std::printf("  ! %-14s %-16s %-7s %-12s %s\n\n", "Failure", "Phase", "Code", "Field", "Text");
     for (std::string_view path : arguments) desk.takeFile(path);

@@ -1,4 +1,4 @@
-#include "examples/order_desk/Ticket.h"
+#include "examples/tickets/Ticket.h"
 
 namespace examples {
 

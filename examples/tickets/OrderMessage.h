@@ -1,7 +1,7 @@
 #pragma once
 
 #include "examples/messages/Order.h"
-#include "examples/order_desk/OrderTriggers.h"
+#include "examples/tickets/OrderTriggers.h"
 
 namespace examples {
 

@@ -1,6 +1,6 @@
-#include "examples/order_desk/OrderTriggers.h"
+#include "examples/tickets/OrderTriggers.h"
 
-#include "examples/order_desk/Ticket.h"
+#include "examples/tickets/Ticket.h"
 
 namespace examples {
 

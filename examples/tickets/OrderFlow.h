@@ -1,6 +1,6 @@
 #pragma once
 
-#include "examples/order_desk/Ticket.h"
+#include "examples/tickets/Ticket.h"
 
 namespace examples {
 

@@ -1,7 +1,7 @@
-#include "examples/order_desk/TicketMessage.h"
+#include "examples/tickets/TicketMessage.h"
 
-#include "examples/order_desk/Checks.h"
-#include "examples/order_desk/Ticket.h"
+#include "examples/messages/Checks.h"
+#include "examples/tickets/Ticket.h"
 
 namespace examples {
 

@@ -1,9 +1,9 @@
-#include "examples/order_desk/OrderMessage.h"
+#include "examples/tickets/OrderMessage.h"
 
 #include <algorithm>
 #include <climits>
 
-#include "examples/order_desk/Checks.h"
+#include "examples/messages/Checks.h"
 
 namespace examples {
 

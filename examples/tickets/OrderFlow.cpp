@@ -1,4 +1,4 @@
-#include "examples/order_desk/OrderFlow.h"
+#include "examples/tickets/OrderFlow.h"
 
 #include "examples/messages/OrderLineParser.h"
 
