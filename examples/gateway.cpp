@@ -16,7 +16,7 @@
 #include "examples/gateway/GatewayOrder.h"
 #include "examples/messages/FCSOrderOutput.h"
 #include "examples/messages/NewOrderSingleMessage.h"
-#include "examples/messages/OrderLineParser.h"
+#include "examples/messages/OrderLineMessage.h"
 #include "examples/messages/SIACOrder.h"
 
 using namespace tavrone;

@@ -22,7 +22,7 @@
 #include <system_error>
 #include <vector>
 
-#include "examples/messages/OrderLineParser.h"
+#include "examples/messages/OrderLineMessage.h"
 #include "examples/tickets/FileOutputProtocol.h"
 #include "tavrone/tavrone.h"
 

@@ -263,13 +263,6 @@ void FCSOrderToOrderRules::mapFields0(ExternalObject *source, DataObject *target
   if (!from.isNull<"Text">()) order.set<"Text">(from.get<"Text">());
 }
 
-void FCSOrderFormat::parseInput(InputSource &input, DataObject *object, TransformContext &context) {
-  external_->reset();
-  message_.getInputParser()->parse(external_.get(), input, context);
-  message_.validate(external_.get(), context);
-  rules_.mapFields(external_.get(), object, context);
-}
-
 DataObject *FCSOrderIdentifier::identifyMessage(InputSource &input) {
   LineReader reader(input, true);
   reader.getNextLine();

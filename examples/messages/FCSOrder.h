@@ -11,7 +11,8 @@
 // A cancel has the one line "CXL 0042 BUY 1200 IBM", a report "BOT 500 IBM 191 1/8 LEAVES 700 REF 0042" (SLD for a
 // sale).
 
-#include "examples/messages/Order.h"
+#include "examples/messages/CodedRules.h"
+#include "examples/messages/OrderFormats.h"
 
 namespace examples {
 
@@ -136,7 +137,10 @@ class FCSRules : public FieldsValidationRules {
 template <class Body, class Parser, class Writer>
 class FCSMessage : public AbstractExternalMessage {
  public:
-  FCSMessage() : AbstractExternalMessage(Body::typeMetaInfo()->getName()) { addValidator("Default", new FCSRules); }
+  FCSMessage() : AbstractExternalMessage(Body::typeMetaInfo()->getName()) {
+    addValidator("Integrity", new CodedRules);  // nothing in a message tells whether its bytes are those that were sent
+    addValidator("Default", new FCSRules);
+  }
   ~FCSMessage() noexcept(false) override = default;
 
   SmartPtr<ExternalObject> createExternalObject() override {
@@ -162,19 +166,7 @@ class FCSOrderToOrderRules : public InputMappingRules {
 };
 
 // The input channel, bound as "FCSOrder": FCS orders for the internal message "Order".
-class FCSOrderFormat : public AbstractInputFormat {
- public:
-  FCSOrderFormat() : AbstractInputFormat("Order"), external_(message_.createExternalObject()) {}
-  ~FCSOrderFormat() noexcept(false) override = default;
-
-  void parseInput(InputSource &input, DataObject *object, TransformContext &context) override;
-  DataObject *createInputObject() override { return new Order; }
-
- private:
-  FCSOrderMessage message_;
-  SmartPtr<ExternalObject> external_;
-  FCSOrderToOrderRules rules_;
-};
+using FCSOrderFormat = OrderInputFormat<FCSOrderMessage, FCSOrderToOrderRules>;
 
 // Knows the three messages by the first token of their second line. The format itself has no mark to be known by.
 class FCSOrderIdentifier : public MessageIdentifier {

@@ -1,15 +1,32 @@
 #pragma once
 
+#include <type_traits>
+
 #include "examples/messages/Order.h"
 
 namespace examples {
 
+// An input channel of orders whose parts are at hand, for a host that takes the steps one by one and collects what
+// fails on the way.
+class OrderChannel : public AbstractInputFormat {
+ public:
+  ~OrderChannel() noexcept(false) override = default;
+
+  virtual AbstractExternalMessage &message() = 0;
+  virtual InputMappingRules &mapping() = 0;
+
+  DataObject *createInputObject() override { return new Order; }
+
+ protected:
+  OrderChannel() : AbstractInputFormat("Order") {}
+};
+
 // The input channel of a wire format that orders come in: reads a message, asks its validators "Integrity" and
 // "Default", and maps it to the internal message "Order" by the Rules.
 template <class Message, class Rules>
-class OrderInputFormat : public AbstractInputFormat {
+class OrderInputFormat : public OrderChannel {
  public:
-  OrderInputFormat() : AbstractInputFormat("Order"), external_(message_.createExternalObject()) {}
+  OrderInputFormat() : external_(message_.createExternalObject()) {}
   ~OrderInputFormat() noexcept(false) override = default;
 
   void parseInput(InputSource &input, DataObject *object, TransformContext &context) override {
@@ -20,7 +37,8 @@ class OrderInputFormat : public AbstractInputFormat {
     message_.validate(external, context);
     rules_.mapFields(external_.get(), object, context);
   }
-  DataObject *createInputObject() override { return new Order; }
+  Message &message() override { return message_; }
+  Rules &mapping() override { return rules_; }
 
  private:
   void parseExternal(InputSource &input, TransformContext &context) {
@@ -37,7 +55,7 @@ class OrderInputFormat : public AbstractInputFormat {
   Rules rules_;
 };
 
-// The output channel of a wire format that orders go out in.
+// The output channel of a wire format that orders go out in. The Header is void for a format that has none.
 template <class Header, class Body, class Writer, class Rules>
 class OrderOutputFormat : public AbstractOutputFormat {
  public:
@@ -45,7 +63,12 @@ class OrderOutputFormat : public AbstractOutputFormat {
   OrderOutputFormat(OrderOutputFormat const &) = delete;
   ~OrderOutputFormat() noexcept(false) override = default;
 
-  DataObject *createHeader() override { return new Header; }
+  DataObject *createHeader() override {
+    if constexpr (std::is_void_v<Header>)
+      return nullptr;
+    else
+      return new Header;
+  }
   DataObject *createRecordData() override { return new Body; }
   void mapHeader(DataObject *source, DataObject *header, TransformContext &context) override {
     mapPart([&] { rules_.mapHeaderFields(source, header, context); });

@@ -50,6 +50,11 @@ double parsePrice(tvstring const &text) {
   }
 }
 
+DateTime parseTime(tvstring const &text) {
+  constexpr size_t LENGTH_IN_SECONDS = 17;
+  return Parsing::parseDate(text, text.length() > LENGTH_IN_SECONDS ? "yyyyMMdd-HH:mm:ss.SSS" : "yyyyMMdd-HH:mm:ss");
+}
+
 void parseLegs(Order &order, tvstring const &text) {
   for (Parts legs(text, ','); legs.hasNext();) {
     tvstring const leg = legs.next();
@@ -78,15 +83,15 @@ struct Column {
 // In the order in which they stand in the line.
 constexpr Column COLUMNS[] = {
     {Order::index<"OrderID">, true, [](Order &o, tvstring const &text) { o.set<"OrderID">(text); }},
-    {Order::index<"Account">, true, [](Order &o, tvstring const &text) { o.set<"Account">(text); }},
+    {Order::index<"Account">, false, [](Order &o, tvstring const &text) { o.set<"Account">(text); }},
     {Order::index<"Symbol">, true, [](Order &o, tvstring const &text) { o.set<"Symbol">(text); }},
     {Order::index<"Side">, true, [](Order &o, tvstring const &text) { o.set<"Side">(Parsing::parseChar(text)); }},
     {Order::index<"Quantity">, true, [](Order &o, tvstring const &text) { o.set<"Quantity">(parseCount(text)); }},
-    {Order::index<"Price">, true, [](Order &o, tvstring const &text) { o.set<"Price">(parsePrice(text)); }},
+    {Order::index<"Price">, false, [](Order &o, tvstring const &text) { o.set<"Price">(parsePrice(text)); }},
     {Order::index<"TradeDate">, false,
      [](Order &o, tvstring const &text) { o.set<"TradeDate">(Parsing::parseDate(text, "yyyyMMdd")); }},
     {Order::index<"TransactTime">, true,
-     [](Order &o, tvstring const &text) { o.set<"TransactTime">(Parsing::parseDate(text, "yyyyMMdd-HH:mm:ss")); }},
+     [](Order &o, tvstring const &text) { o.set<"TransactTime">(parseTime(text)); }},
     {Order::index<"AllOrNone">, false,
      [](Order &o, tvstring const &text) { o.set<"AllOrNone">(Parsing::parseBool(text)); }},
     {Order::index<"Legs">, false, parseLegs},
@@ -138,10 +143,6 @@ Result<SmartPtr<DataObject>> OrderLineParser::parse2(tvstring const &line, Trans
   SmartPtr<Order> const order(new Order);
   parser.parseOrder(*order, line, context);
   return {order.get(), collecting.getExceptions()};
-}
-
-void OrderLineFormat::parseInput(InputSource &input, DataObject *object, TransformContext &context) {
-  parser_.parseOrder(*checkedCast<Order>(object), input.getAsBinary().toString(), context);
 }
 
 OrderLineIdentifier::OrderLineIdentifier() {

@@ -8,8 +8,9 @@ namespace examples {
 //
 //   OrderID|Account|Symbol|Side|Quantity|Price|TradeDate|TransactTime|AllOrNone|Legs|Text
 //
-// Dates are written 20240315, times 20240315-14:30:00, legs SYMBOL:RATIO:PRICE with commas between them. TradeDate and
-// the fields from AllOrNone on may be empty.
+// Dates are written 20240315, times 20240315-14:30:00 or with milliseconds 20240315-14:30:00.125, legs
+// SYMBOL:RATIO:PRICE with commas between them. Account, Price, TradeDate and the fields from AllOrNone on may be empty;
+// without a price an order is at the market.
 //
 // Every field that cannot be read goes to the exception handler, with its name, its place in the line and the error
 // type "Required" or "Parsing". If the handler lets the parser go on, the field stays null.
@@ -26,19 +27,6 @@ class OrderLineParser : public InputParser {
   void parseOrder(Order &order, tvstring const &line, TransformContext &context);
   // A new order, with a record of each field that cannot be read.
   static Result<SmartPtr<DataObject>> parse2(tvstring const &line, TransformContext &context);
-};
-
-// The input channel: one order a line, for the internal message "Order".
-class OrderLineFormat : public AbstractInputFormat {
- public:
-  OrderLineFormat() : AbstractInputFormat("Order") {}
-  ~OrderLineFormat() noexcept(false) override = default;
-
-  void parseInput(InputSource &input, DataObject *object, TransformContext &context) override;
-  DataObject *createInputObject() override { return new Order; }
-
- private:
-  OrderLineParser parser_;
 };
 
 // Knows a line of fields by its delimiters. All such lines are of the format "ORDER-LINE"; which of them are orders,
