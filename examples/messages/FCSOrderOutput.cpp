@@ -62,8 +62,7 @@ void OrderToFCSOrder::mapDataFields0(DataObject *source, DataObject *target) {
 }
 
 void OrderToFCSOrder::mapTrailerFields0(DataObject *, DataObject *, DataObject *target) {
-  lastNumber_ = (lastNumber_ + 1) % NUMBERS;
-  tvstring const digits = Parsing::intToString(NUMBERS + lastNumber_);
+  tvstring const digits = Parsing::intToString(NUMBERS + nextNumber() % NUMBERS);
   checkedCast<FCSTrailer>(target)->set<"ISN">(digits.substr(1));
 }
 

@@ -6,16 +6,12 @@
 namespace examples {
 
 // From the internal order to an FCS one, where the order is one that FCS can tell: its number is a branch and a
-// sequence number such as AB-0042, its price is in eighths, and it has no legs. The time of day stays behind. Input
-// Sequence Numbers count what this object has mapped.
-class OrderToFCSOrder : public OutputMappingRules {
+// sequence number such as AB-0042, its price is in eighths, and it has no legs. The time of day stays behind.
+class OrderToFCSOrder : public NumberedMappingRules {
  protected:
   void mapHeaderFields0(DataObject *source, DataObject *header) override;
   void mapDataFields0(DataObject *source, DataObject *data) override;
   void mapTrailerFields0(DataObject *source, DataObject *data, DataObject *trailer) override;
-
- private:
-  int lastNumber_ = 0;
 };
 
 class FCSOrderOutputFormat : public OrderOutputFormat<FCSOrderHeader, FCSOrder, FCSOrderWriter, OrderToFCSOrder> {

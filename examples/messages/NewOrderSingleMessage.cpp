@@ -61,7 +61,7 @@ void OrderToNewOrderSingle::mapHeaderFields0(DataObject *source, DataObject *tar
   header.setMsgType("D");
   header.setSenderCompID("GATEWAY");
   header.setTargetCompID("EXCHANGE");
-  header.setMsgSeqNum(++lastNumber_);
+  header.setMsgSeqNum(nextNumber());
   tvstring time;
   header.setSendingTime(FIXType::formatUTCTimestamp(order.get<"TransactTime">(), time));
 }

@@ -23,14 +23,11 @@ class NewOrderSingleToOrder : public InputMappingRules {
   void mapFields0(ExternalObject *source, DataObject *target) override;
 };
 
-// From the internal order. The header's names are those of a gateway, its numbers count what this object has mapped.
-class OrderToNewOrderSingle : public OutputMappingRules {
+// From the internal order. The header's names are those of a gateway.
+class OrderToNewOrderSingle : public NumberedMappingRules {
  protected:
   void mapHeaderFields0(DataObject *source, DataObject *header) override;
   void mapDataFields0(DataObject *source, DataObject *data) override;
-
- private:
-  int lastNumber_ = 0;
 };
 
 using NewOrderSingleFormat = OrderInputFormat<NewOrderSingleMessage, NewOrderSingleToOrder>;

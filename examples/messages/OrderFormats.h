@@ -1,5 +1,6 @@
 #pragma once
 
+#include <climits>
 #include <type_traits>
 
 #include "examples/messages/Order.h"
@@ -55,6 +56,19 @@ class OrderInputFormat : public OrderChannel {
   Rules rules_;
 };
 
+// The mapping to a format that numbers its messages. A number is used up when its message was written: one that fails
+// leaves no gap.
+class NumberedMappingRules : public OutputMappingRules {
+ public:
+  void confirmNumber() { lastNumber_ = nextNumber(); }
+
+ protected:
+  int nextNumber() const { return lastNumber_ == INT_MAX ? 1 : lastNumber_ + 1; }
+
+ private:
+  int lastNumber_ = 0;
+};
+
 // The output channel of a wire format that orders go out in. The Header is void for a format that has none.
 template <class Header, class Body, class Writer, class Rules>
 class OrderOutputFormat : public AbstractOutputFormat {
@@ -63,6 +77,10 @@ class OrderOutputFormat : public AbstractOutputFormat {
   OrderOutputFormat(OrderOutputFormat const &) = delete;
   ~OrderOutputFormat() noexcept(false) override = default;
 
+  void write(DataObject *source, TransformContext &context) override {
+    AbstractOutputFormat::write(source, context);
+    if constexpr (std::is_base_of_v<NumberedMappingRules, Rules>) rules_.confirmNumber();
+  }
   DataObject *createHeader() override {
     if constexpr (std::is_void_v<Header>)
       return nullptr;

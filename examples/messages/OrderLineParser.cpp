@@ -154,8 +154,8 @@ OrderLineIdentifier::OrderLineIdentifier() {
 DataObject *OrderLineIdentifier::identifyMessage(InputSource &input) {
   int length = 0;
   char const *const bytes = input.getAsBytes(length);
-  bool const hasDelimiter = std::find(bytes, bytes + length, '|') != bytes + length;
-  return hasDelimiter ? header_.get() : nullptr;
+  auto const has = [&](char c) { return std::find(bytes, bytes + length, c) != bytes + length; };
+  return has('|') && !has('\n') ? header_.get() : nullptr;
 }
 
 }  // namespace examples

@@ -29,8 +29,8 @@ class OrderLineParser : public InputParser {
   static Result<SmartPtr<DataObject>> parse2(tvstring const &line, TransformContext &context);
 };
 
-// Knows a line of fields by its delimiters. All such lines are of the format "ORDER-LINE"; which of them are orders,
-// the parser tells.
+// Knows a line of fields by its delimiters; several lines are none. All such lines are of the format "ORDER-LINE";
+// which of them are orders, the parser tells.
 class OrderLineIdentifier : public MessageIdentifier {
  public:
   OrderLineIdentifier();

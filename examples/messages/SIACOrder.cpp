@@ -189,7 +189,7 @@ void OrderToSIACOrder::mapHeaderFields0(DataObject *, DataObject *target) {
   header.setCFT_SIACMsgType("ORD");
   header.setCFT_MsgOrigin("GATEWAY");
   header.setCFT_MsgDest("FLOOR");
-  header.setCFT_MsgSeqNo(++lastNumber_);
+  header.setCFT_MsgSeqNo(nextNumber());
 }
 
 void OrderToSIACOrder::mapDataFields0(DataObject *source, DataObject *target) {

@@ -97,14 +97,10 @@ class SIACOrderToOrder : public InputMappingRules {
   void mapFields0(ExternalObject *source, DataObject *target) override;
 };
 
-// The header's numbers count what this object has mapped.
-class OrderToSIACOrder : public OutputMappingRules {
+class OrderToSIACOrder : public NumberedMappingRules {
  protected:
   void mapHeaderFields0(DataObject *source, DataObject *header) override;
   void mapDataFields0(DataObject *source, DataObject *data) override;
-
- private:
-  int lastNumber_ = 0;
 };
 
 using SIACOrderFormat = OrderInputFormat<SIACOrderMessage, SIACOrderToOrder>;
