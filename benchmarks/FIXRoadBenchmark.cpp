@@ -12,7 +12,7 @@
 
 #include "benchmarks/Allocations.h"
 #include "benchmarks/peers/QuickFIXPeer.h"
-#include "examples/gateway/GatewayOrder.h"
+#include "examples/orderdesk/DeskOrder.h"
 #include "examples/messages/NewOrderSingleMessage.h"
 #include "examples/messages/OrderLayout.h"
 
@@ -167,14 +167,14 @@ class OrderLineOutputFormat : public AbstractOutputFormat {
   OrderToLine rules_;
 };
 
-// A host as examples/gateway.cpp is one, with its internal order. Allocations 1 to 3: the header, its fields, and the
+// A host as examples/orderdesk.cpp is one, with its internal order. Allocations 1 to 3: the header, its fields, and the
 // bytes that they are views on. Allocations 6 and 7: the device, and its buffer. The payload is shared with the host,
 // and parser and internal message fill their objects again.
 class Road {
  public:
   Road() {
-    static bool const bound = bindFactory<GatewayOrder>("Order") && bindFactory<WireOrderFormat>("NewOrderSingle") &&
-                              bindFactory<OrderLineOutputFormat>("gateway.output");
+    static bool const bound = bindFactory<DeskOrder>("Order") && bindFactory<WireOrderFormat>("NewOrderSingle") &&
+                              bindFactory<OrderLineOutputFormat>("desk.output");
     benchmark::DoNotOptimize(bound);
     LookupContextFactory::getLookupContext()->rebind(MEMORY, new ContextOutputProtocol);
     auto *const configuration = new MessageConfiguration;

@@ -1,4 +1,4 @@
-#include "examples/gateway/GatewayOrder.h"
+#include "examples/orderdesk/DeskOrder.h"
 
 #include "examples/messages/Checks.h"
 
@@ -9,18 +9,18 @@ namespace {
 constexpr double MAX_PRICE = 100'000;
 
 constexpr Check<Order> CHECKS[] = {
-    {"GW-01", "OrderNumber", "OrderID", [](Order const &o) { return !o.get<"OrderID">().empty(); }},
-    {"GW-02", "BuyOrSell", "Side", [](Order const &o) { return o.get<"Side">() == 'B' || o.get<"Side">() == 'S'; }},
-    {"GW-03", "QuantityAboveZero", "Quantity", [](Order const &o) { return o.get<"Quantity">() > 0; }},
-    {"GW-04", "PriceLimit", "Price",
+    {"DESK-01", "OrderNumber", "OrderID", [](Order const &o) { return !o.get<"OrderID">().empty(); }},
+    {"DESK-02", "BuyOrSell", "Side", [](Order const &o) { return o.get<"Side">() == 'B' || o.get<"Side">() == 'S'; }},
+    {"DESK-03", "QuantityAboveZero", "Quantity", [](Order const &o) { return o.get<"Quantity">() > 0; }},
+    {"DESK-04", "PriceLimit", "Price",
      [](Order const &o) { return o.isNull<"Price">() || (o.get<"Price">() > 0 && o.get<"Price">() <= MAX_PRICE); }},
-    {"GW-05", "TradedThatDay", "TradeDate",
+    {"DESK-05", "TradedThatDay", "TradeDate",
      [](Order const &o) { return o.get<"TradeDate">().getDatePortion() == o.get<"TransactTime">().getDatePortion(); }},
 };
 
 }  // namespace
 
-void GatewayDefaults::process(DataObject *object) {
+void DeskDefaults::process(DataObject *object) {
   Order &order = *checkedCast<Order>(object);
   if (order.isNull<"TransactTime">())
     order.set<"TransactTime">(order.get<"TradeDate">());
@@ -29,26 +29,26 @@ void GatewayDefaults::process(DataObject *object) {
   if (order.isNull<"AllOrNone">()) order.set<"AllOrNone">(false);
 }
 
-GatewayTriggers::GatewayTriggers(SmartPtr<IInternalMessage> const &order) : Triggers(order) {
+DeskTriggers::DeskTriggers(SmartPtr<IInternalMessage> const &order) : Triggers(order) {
   output_.init(order, "RouterTrigger", "Output");
-  output_.addProperty(TransformContext::OUTPUT_FORMAT_PROPERTY, "gateway.output");
+  output_.addProperty(TransformContext::OUTPUT_FORMAT_PROPERTY, "desk.output");
   output_.addProperty(TransformContext::OUTPUT_DEVICE_PROPERTY, "memory");
 }
 
-void GatewayTriggers::handleNewMessage(DataObject *object, TransformContext &context) {
+void DeskTriggers::handleNewMessage(DataObject *object, TransformContext &context) {
   getTriggerObject(output_)->onNewMessage(object, context);
 }
-void GatewayTriggers::handleBatchStart(TransformContext &context) {
+void DeskTriggers::handleBatchStart(TransformContext &context) {
   getTriggerObject(output_)->onBatchStart(context);
 }
-void GatewayTriggers::handleBatchEnd(TransformContext &context) {
+void DeskTriggers::handleBatchEnd(TransformContext &context) {
   getTriggerObject(output_)->onBatchEnd(context);
 }
 
 // The triggers hold a handle on the message that does not count: objects that count each other never go.
-GatewayOrder::GatewayOrder()
+DeskOrder::DeskOrder()
     : AbstractInternalMessage("Order"), triggers_(SmartPtr<IInternalMessage>(new BusinessTransactionWrapper(this))) {
-  addProcessing(PREPROCESSING_NODE_NAME, new GatewayDefaults);
+  addProcessing(PREPROCESSING_NODE_NAME, new DeskDefaults);
   addValidator("Default", new TableChecks<Order>(CHECKS));
 }
 

@@ -6,17 +6,17 @@ namespace examples {
 
 // "Preprocess": fills what a wire format does not tell. The date and the time of an order follow from each other; one
 // that is known by its date alone, as in FCS, is of that day's first moment.
-class GatewayDefaults : public BusinessProcessingRules {
+class DeskDefaults : public BusinessProcessingRules {
  public:
   using BusinessProcessingRules::process;
   void process(DataObject *object) override;
 };
 
-// Every order that passed its rules goes to the output format "gateway.output", and from there to memory.
-class GatewayTriggers : public Triggers {
+// Every order that passed its rules goes to the output format "desk.output", and from there to memory.
+class DeskTriggers : public Triggers {
  public:
-  explicit GatewayTriggers(SmartPtr<IInternalMessage> const &order);
-  ~GatewayTriggers() noexcept(false) override = default;
+  explicit DeskTriggers(SmartPtr<IInternalMessage> const &order);
+  ~DeskTriggers() noexcept(false) override = default;
 
   void handleNewMessage(DataObject *object, TransformContext &context) override;
   void handleBatchStart(TransformContext &context) override;
@@ -26,17 +26,17 @@ class GatewayTriggers : public Triggers {
   TriggerContextImpl output_;
 };
 
-// The internal message "Order" as a gateway has it: whatever an order came in as is checked by the same rules.
-class GatewayOrder : public AbstractInternalMessage {
+// The internal message "Order" as the desk has it: whatever an order came in as is checked by the same rules.
+class DeskOrder : public AbstractInternalMessage {
  public:
-  GatewayOrder();
-  ~GatewayOrder() noexcept(false) override = default;
+  DeskOrder();
+  ~DeskOrder() noexcept(false) override = default;
 
   DataObject *createNormalizedObject() override { return new Order; }
   Triggers *getTriggers() override { return &triggers_; }
 
  private:
-  GatewayTriggers triggers_;
+  DeskTriggers triggers_;
 };
 
 }  // namespace examples
