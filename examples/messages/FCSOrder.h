@@ -138,13 +138,14 @@ template <class Body, class Parser, class Writer>
 class FCSMessage : public AbstractExternalMessage {
  public:
   FCSMessage() : AbstractExternalMessage(Body::typeMetaInfo()->getName()) {
-    addValidator("Integrity", new CodedRules);  // nothing in a message tells whether its bytes are those that were sent
-    addValidator("Default", new FCSRules);
+    addValidator(tvstringliteral("Integrity"), new CodedRules);  // nothing in a message tells whether its bytes are those that were sent
+    addValidator(DEFAULT_VALIDATOR, new FCSRules);
   }
   ~FCSMessage() noexcept(false) override = default;
 
   SmartPtr<ExternalObject> createExternalObject() override {
-    return new ExternalObject(new FCSOrderHeader, new Body, new FCSTrailer);
+    SmartPtr<DataObject> const header(new FCSOrderHeader), data(new Body), trailer(new FCSTrailer);
+    return new ExternalObject(header.get(), data.get(), trailer.get());
   }
   InputParser *getInputParser() override { return &parser_; }
   OutputWriter *getOutputWriter() override { return &writer_; }

@@ -96,7 +96,7 @@ template <class Data, class Parser, class Writer>
 class OrderLayout : public AbstractExternalMessage {
  public:
   explicit OrderLayout(tvstring const &name) : AbstractExternalMessage(name) {
-    addValidator("Default", new OrderChecks<Data>);
+    addValidator(DEFAULT_VALIDATOR, new OrderChecks<Data>);
   }
   ~OrderLayout() noexcept(false) override = default;
 

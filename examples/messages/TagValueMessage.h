@@ -223,8 +223,8 @@ template <class Body, class Wire, class Parser, class Writer, class Rules>
 class TagValueMessage : public AbstractExternalMessage {
  public:
   TagValueMessage() : AbstractExternalMessage(Body::typeMetaInfo()->getName()) {
-    addValidator("Integrity", new TagValueIntegrity<Wire>);
-    addValidator("Default", new Rules);
+    addValidator(tvstringliteral("Integrity"), new TagValueIntegrity<Wire>);
+    addValidator(DEFAULT_VALIDATOR, new Rules);
   }
   ~TagValueMessage() noexcept(false) override = default;
 

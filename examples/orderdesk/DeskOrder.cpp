@@ -49,7 +49,7 @@ void DeskTriggers::handleBatchEnd(TransformContext &context) {
 DeskOrder::DeskOrder()
     : AbstractInternalMessage("Order"), triggers_(SmartPtr<IInternalMessage>(new BusinessTransactionWrapper(this))) {
   addProcessing(PREPROCESSING_NODE_NAME, new DeskDefaults);
-  addValidator("Default", new TableChecks<Order>(CHECKS));
+  addValidator(DEFAULT_VALIDATOR, new TableChecks<Order>(CHECKS));
 }
 
 }  // namespace examples

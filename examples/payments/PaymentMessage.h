@@ -41,7 +41,7 @@ class PaymentChecks : public CodedRules {
 // The wire format "PaymentFile" as a whole.
 class PaymentFileMessage : public AbstractExternalMessage {
  public:
-  PaymentFileMessage() : AbstractExternalMessage("PaymentFile") { addValidator("Default", new PaymentChecks); }
+  PaymentFileMessage() : AbstractExternalMessage("PaymentFile") { addValidator(DEFAULT_VALIDATOR, new PaymentChecks); }
   ~PaymentFileMessage() noexcept(false) override = default;
 
   SmartPtr<ExternalObject> createExternalObject() override;

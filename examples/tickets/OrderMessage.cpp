@@ -60,7 +60,7 @@ void OrderNotional::process(DataObject *object) {
 OrderMessage::OrderMessage()
     : AbstractInternalMessage("Order"), triggers_(SmartPtr<IInternalMessage>(new BusinessTransactionWrapper(this))) {
   addProcessing(PREPROCESSING_NODE_NAME, new OrderDefaults);
-  addValidator("Default", new TableChecks<Order>(CHECKS));
+  addValidator(DEFAULT_VALIDATOR, new TableChecks<Order>(CHECKS));
   addProcessing(POSTPROCESSING_NODE_NAME, new OrderNotional);
 }
 

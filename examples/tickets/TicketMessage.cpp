@@ -30,7 +30,7 @@ void TicketSettlement::process(DataObject *object) {
 TicketMessage::TicketMessage()
     : AbstractInternalMessage("Ticket"), triggers_(SmartPtr<IInternalMessage>(new BusinessTransactionWrapper(this))) {
   addProcessing(PREPROCESSING_NODE_NAME, new TicketSettlement);
-  addValidator("Default", new TableChecks<Ticket>(CHECKS));
+  addValidator(DEFAULT_VALIDATOR, new TableChecks<Ticket>(CHECKS));
 }
 
 DataObject *TicketMessage::createNormalizedObject() {

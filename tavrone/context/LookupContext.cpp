@@ -1,6 +1,7 @@
 #include "tavrone/context/LookupContext.h"
 
 #include <map>
+#include <memory>
 
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Raise.h"
@@ -40,6 +41,24 @@ void noteBound(tvstring const &name, Object *object) {
 // Text of its own: what threads share has no count that they touch.
 tvstring copyOf(tvstring const &name) {
   return tvstring(name.data(), name.length());
+}
+
+// Puts the object under a name that is free, with a reference of the directory's. Should that fail for want of memory, an
+// object that nobody else counts goes.
+void enter(tvstring const &name, Object *object) {
+  struct ReleaseRef {
+    void operator()(Object *taken) const { taken->releaseRef(); }
+  };
+  ObjectRef::addRef(object);
+  std::unique_ptr<Object, ReleaseRef> reference(object);
+  auto const entry = directory().objects.emplace(copyOf(name), object).first;
+  try {
+    noteBound(entry->first, object);
+  } catch (...) {
+    directory().objects.erase(entry);
+    throw;
+  }
+  static_cast<void>(reference.release());
 }
 
 }  // namespace
@@ -118,12 +137,8 @@ TList<tvstring> LookupContextImpl::getNormalizedObjectMappings() { return getNam
 // clang-format on
 
 void LookupContextImpl::bind(tvstring const &name, Object *object) {
-  auto const [entry, inserted] = getLookupContextList().try_emplace(copyOf(name), object);
-  if (inserted) {
-    ObjectRef::addRef(object);
-    noteBound(entry->first, object);
-    return;
-  }
+  auto const entry = getLookupContextList().find(name);
+  if (entry == getLookupContextList().end()) return enter(name, object);
   if (entry->second != object) refuse(object);
   raise<NamingException>(name + " already bound", "cpp/LookupContextImpl");
 }
@@ -133,8 +148,7 @@ void LookupContextImpl::rebind(tvstring const &name, Object *object) {
   auto const entry = objects.find(name);
   if (entry != objects.end() && entry->second == object) return;
   LookupContextImpl::unbind(name);
-  ObjectRef::addRef(object);
-  noteBound(objects.emplace(copyOf(name), object).first->first, object);
+  enter(name, object);
 }
 
 Object *LookupContextImpl::lookup(tvstring const &name) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <typeinfo>
 
 #include "tavrone/core/Parsing.h"
@@ -56,8 +57,18 @@ Object *forAnotherMap(Object *value) {
 void putAll(IPropertyMap &target, IPropertyMap &source) {
   for (tvstring const &name : source.getPropertyNames()) {
     Object *const value = source.getProperty(name);
-    if (value != target.getProperty(name)) target.setProperty(name, forAnotherMap(value));
+    if (value == target.getProperty(name)) continue;
+    Object *const shared = forAnotherMap(value);
+    std::unique_ptr<Object> clone(shared == value ? nullptr : shared);
+    target.setProperty(name, shared);
+    static_cast<void>(clone.release());
   }
+}
+
+// The map takes the wrapper over if all goes well.
+void setNewProperty(IPropertyMap &map, tvstring const &key, std::unique_ptr<Object> value) {
+  map.setProperty(key, value.get());
+  static_cast<void>(value.release());
 }
 
 // The wrapper that T is set in is told by its exact class, which spares the walk through its bases.
@@ -86,7 +97,7 @@ PropertyMapImpl::PropertyMapImpl(PropertyMapImpl const &other) : PropertyMapImpl
   entries_.reserve(other.entries_.size());
   for (EntryImpl const &entry : other.entries_) {
     Object *const value = forAnotherMap(entry.getValue());
-    addEntry(EntryImpl(entry.getKey(), value));
+    addEntry(EntryImpl(entry.getKey(), value));  // there is room
     ObjectRef::addRef(value);
   }
 }
@@ -133,13 +144,13 @@ void PropertyMapImpl::setProperty(tvstring const &key, Object *value) {
     removeProperty(key);
     return;
   }
-  value->addRef();
   EntryImpl const entry(key, value);
   int const index = getEntryIndex(key);
   if (index < 0)
     addEntry(entry);
   else
     getEntry(index) = entry;  // the former value is not released: that is meant
+  value->addRef();
 }
 
 void PropertyMapImpl::removeProperty(tvstring const &key) {
@@ -159,7 +170,7 @@ bool PropertyMapImpl::hasProperty(tvstring const &key) {
     return toValue(getProperty(key), defaultValue);                                         \
   }                                                                                         \
   void PropertyMapImpl::set##Name##Property(tvstring const &key, Parameter value) {         \
-    setProperty(key, new Wrapper(value));                                                   \
+    setNewProperty(*this, key, std::make_unique<Wrapper>(value));                           \
   }
 
 TAVRONE_PROPERTY(Long, long long, long long, LongObject)
@@ -176,7 +187,7 @@ tvstring PropertyMapImpl::getStringProperty(tvstring const &key, tvstring const 
   return value == nullptr ? defaultValue : value->toString();
 }
 void PropertyMapImpl::setStringProperty(tvstring const &key, tvstring const &value) {
-  setProperty(key, new StringObject(value));
+  setNewProperty(*this, key, std::make_unique<StringObject>(value));
 }
 
 TList<tvstring> PropertyMapImpl::getPropertyNames(PropertyNameFilter *filter) {

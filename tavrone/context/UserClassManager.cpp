@@ -1,21 +1,24 @@
 #include "tavrone/context/UserClassManager.h"
 
+#include <utility>
+
 #include "tavrone/core/Raise.h"
 
 namespace tavrone {
 
 void UserClassManager::registerClass(tvstring const &name, ObjectFactory *factory) {
   ObjectPtrMap<ObjectFactory> &classes = getClassMap();
-  auto const former = classes.find(name);
-  if (former != classes.end()) {
-    ObjectFactory *const old = former->second;
-    if (old == factory) return;
-    classes.erase(former);
-    ObjectRef::releaseRef(old);
-  }
+  auto entry = classes.find(name);
+  if (entry != classes.end() && entry->second == factory) return;
   ObjectRef::addRef(factory);
-  // Text of its own: the name may be a view on bytes that go.
-  classes.emplace(tvstring(name.data(), name.length()), factory);
+  try {
+    // Text of its own: the name may be a view on bytes that go.
+    if (entry == classes.end()) entry = classes.emplace(tvstring(name.data(), name.length()), nullptr).first;
+  } catch (...) {
+    ObjectRef::releaseRef(factory);
+    throw;
+  }
+  ObjectRef::releaseRef(std::exchange(entry->second, factory));
 }
 
 Object *UserClassManager::createInstance(tvstring const &name) {

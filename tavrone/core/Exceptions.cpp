@@ -19,7 +19,13 @@ struct Exception::Detail {
   Detail *earlier = nullptr;
   int holders = 1;
 
-  static Detail *hold(Exception *exception) { return exception == nullptr ? nullptr : new Detail{exception}; }
+  static Detail *hold(Exception *exception) {
+    if (exception == nullptr) return nullptr;
+    std::unique_ptr<Exception> taken(exception);
+    auto *const detail = new Detail{exception};
+    static_cast<void>(taken.release());
+    return detail;
+  }
   static Detail *share(Detail *detail) {
     if (detail != nullptr) ++detail->holders;
     return detail;

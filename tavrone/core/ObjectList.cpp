@@ -7,6 +7,22 @@
 
 namespace tavrone {
 
+namespace {
+
+// Makes room for an object that a list takes over. Should that fail, it goes, unless somebody counts it.
+template <class MakeRoom>
+void orDrop(Object *object, MakeRoom const &makeRoom) {
+  try {
+    makeRoom();
+  } catch (...) {
+    ObjectRef::addRef(object);
+    ObjectRef::releaseRef(object);
+    throw;
+  }
+}
+
+}  // namespace
+
 // Through the default constructor, so that the destructor frees the clones made so far when one fails.
 ObjectListRef::ObjectListRef(ObjectListRef const &other) : ObjectListRef() {
   elements_.reserve(other.size() + 1);
@@ -22,7 +38,7 @@ ObjectListRef::~ObjectListRef() noexcept(false) {
 }
 
 void ObjectListRef::add(Object *object) {
-  elements_.ensureFree(1);
+  orDrop(object, [this] { elements_.ensureFree(1); });
   ObjectRef::addRef(object);
   elements_.push_back(object);
 }
@@ -66,6 +82,11 @@ Object *ObjectList::clone() const {
   std::unique_ptr<ObjectList> copy(new ObjectList);
   if (size() != 0) copy->list_ = new ObjectListRef(*list_);
   return copy.release();
+}
+
+void ObjectList::add(Object *object) {
+  orDrop(object, [this] { body(); });
+  list_->add(object);
 }
 
 Object *ObjectList::at(int index) const {

@@ -47,7 +47,7 @@ class TAVRONE_API ObjectList : public Object {
   Object *clone() const override;
 
   // Takes over the object.
-  void add(Object *object) { body().add(object); }
+  void add(Object *object);
   // Adds a clone.
   void add(Object const &object) { body().add(object); }
 

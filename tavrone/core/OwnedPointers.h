@@ -15,4 +15,16 @@ void deleteAll(std::vector<T *> &owned) {
   for (T *object : objects) delete object;
 }
 
+// Takes the object over: it stands in the vector or, should that fail to grow, goes. One that stands there already
+// stays.
+template <class T>
+void pushOwned(std::vector<T *> &owned, T *object) {
+  try {
+    owned.push_back(object);
+  } catch (...) {
+    if (std::find(owned.begin(), owned.end(), object) == owned.end()) delete object;
+    throw;
+  }
+}
+
 }  // namespace tavrone

@@ -1,5 +1,7 @@
 #include "tavrone/dataobject/GenericDataObject.h"
 
+#include <memory>
+
 #include "tavrone/core/Class.h"
 #include "tavrone/core/Conversion.h"
 #include "tavrone/core/DesignerTypes.h"
@@ -48,7 +50,7 @@ GenericDataObject::GenericDataObject(GenericDataObject const &other)
       store(i, value->clone());
       continue;
     }
-    copiedSections_.emplace_back(section->getSection()->clone());
+    copiedSections_.push_back(std::unique_ptr<DataObjectSection>(section->getSection()->clone()));
     store(i, new SectionObject(copiedSections_.back().get(), false));
   }
 }
@@ -79,11 +81,11 @@ DataObjectSection *GenericDataObject::getSection(int index) const {
   if (valueAt(index) != nullptr) return checkedCast<SectionObject>(valueAt(index))->getSection();
   auto const *field = dynamic_cast<SectionMetaInfo const *>(metaInfo_->getFieldMetaInfo(index));
   if (field == nullptr) raiseNotASection(metaInfo_->getFieldName(index));
-  AbstractDataObjectSection *section = newSection(*field);
+  std::unique_ptr<AbstractDataObjectSection> section(newSection(*field));
   section->initialize(const_cast<GenericDataObject *>(this), field->getName(), field->getMinOccurs(),
                       field->getMaxOccurs());
-  store(index, new SectionObject(section, true));
-  return section;
+  store(index, new SectionObject(section.get(), true));
+  return section.release();
 }
 
 bool GenericDataObject::getField(int index, Object &out) const {

@@ -5,6 +5,7 @@
 #include "tavrone/core/Conversion.h"
 #include "tavrone/core/DesignerTypes.h"
 #include "tavrone/core/InternedText.h"
+#include "tavrone/core/OwnedPointers.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/tvstringbuffer.h"
 
@@ -131,6 +132,8 @@ void SectionMetaInfo::init(DataObjectMetaInfo *element, int minOccurs, int maxOc
   if (element != nullptr) element->setParentSection(this);
 }
 
+DataObjectMetaInfo::DataObjectMetaInfo(tvstring const &name) : name_(internText(name)) {}
+
 DataObjectMetaInfo::DataObjectMetaInfo(tvstring const &name, char const **names, char const **types, int count)
     : DataObjectMetaInfo(name, nullptr, names, types, count, {}) {}
 
@@ -140,18 +143,18 @@ DataObjectMetaInfo::DataObjectMetaInfo(tvstring const &name, char const **names,
 
 DataObjectMetaInfo::DataObjectMetaInfo(tvstring const &name, DataObjectMetaInfo *parent, char const **names,
                                        char const **types, int count, std::vector<int> const &synthesized)
-    : name_(internText(name)) {
+    : DataObjectMetaInfo(name) {
   if (parent != nullptr) addParentFields(parent);
   addFields(names, types, count, synthesized);
 }
 
 DataObjectMetaInfo::DataObjectMetaInfo(tvstring const &name, FieldMetaInfo **fields, int count)
-    : name_(internText(name)) {
+    : DataObjectMetaInfo(name) {
   addFields(fields, count);
 }
 
-DataObjectMetaInfo::DataObjectMetaInfo(DataObjectMetaInfo const &other)
-    : Object(other), name_(other.name_), parentSection_(other.parentSection_) {
+DataObjectMetaInfo::DataObjectMetaInfo(DataObjectMetaInfo const &other) : DataObjectMetaInfo(other.name_) {
+  parentSection_ = other.parentSection_;
   addParentFields(&other);
   createFieldMap();
 }
@@ -211,7 +214,7 @@ void DataObjectMetaInfo::addFields(char const **names, char const **types, int c
       field = new SectionMetaInfo(nullptr, name, type, 0, -1, isSynthesized);
     else
       field = new FieldMetaInfo(name, type, true, isSynthesized);
-    fields_.push_back(field);
+    pushOwned(fields_, field);
     field->setIndex(start + i);
   }
   createFieldMap();
@@ -221,14 +224,14 @@ void DataObjectMetaInfo::addFields(FieldMetaInfo **fields, int count) {
   int const start = getFieldCount();
   for (int i = 0; i < count; ++i) {
     auto *field = static_cast<FieldMetaInfo *>(fields[i]->clone());
-    fields_.push_back(field);
+    pushOwned(fields_, field);
     field->setIndex(start + i);
   }
   createFieldMap();
 }
 
 void DataObjectMetaInfo::addParentFields(DataObjectMetaInfo const *parent) {
-  for (FieldMetaInfo const *field : parent->fields_) fields_.push_back(static_cast<FieldMetaInfo *>(field->clone()));
+  for (FieldMetaInfo const *field : parent->fields_) pushOwned(fields_, static_cast<FieldMetaInfo *>(field->clone()));
 }
 
 void DataObjectMetaInfo::createFieldMap() {

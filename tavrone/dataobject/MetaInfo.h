@@ -167,6 +167,9 @@ class TAVRONE_API DataObjectMetaInfo : public Object {
   void setParentSection(SectionMetaInfo *section) { parentSection_ = section; }
 
  private:
+  // Without fields; the others begin with it, so that the destructor frees what a failing one has made.
+  explicit DataObjectMetaInfo(tvstring const &name);
+
   [[noreturn]] static void throwIndexNotDefined(int index);
   void addFields(char const **names, char const **types, int count, std::vector<int> const &synthesized);
   void addFields(FieldMetaInfo **fields, int count);

@@ -135,12 +135,12 @@ DataObjectMetaInfo *RecordBase::makeMetaInfo(char const *name, MemberRow const *
           std::make_unique<SectionMetaInfo>(nullptr, field, *row->type, row->minOccurs, row->maxOccurs, false));
     borrowed.push_back(fields.back().get());
   }
-  auto *type = new DataObjectMetaInfo(tvstringliteral(name), borrowed.data(), static_cast<int>(count));
+  auto type = std::make_unique<DataObjectMetaInfo>(tvstringliteral(name), borrowed.data(), static_cast<int>(count));
   // An element's type is to know the section that the type owns, not the one that it was cloned from.
   for (std::size_t i = 0; i < count; ++i)
     if (auto *section = dynamic_cast<SectionMetaInfo *>(type->getFieldMetaInfo(static_cast<int>(i))))
-      section->init(rows[i].element == nullptr ? type : rows[i].element, rows[i].minOccurs, rows[i].maxOccurs);
-  return type;
+      section->init(rows[i].element == nullptr ? type.get() : rows[i].element, rows[i].minOccurs, rows[i].maxOccurs);
+  return type.release();
 }
 
 void RecordBase::setOffset(std::size_t index, void const *value) const {

@@ -1,9 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <map>
-#include <vector>
 
-#include "tavrone/core/OwnedPointers.h"
 #include "tavrone/core/tvstring.h"
 
 namespace tavrone {
@@ -18,14 +17,27 @@ class NamedRules {
   NamedRules() = default;
   NamedRules(NamedRules const &) = delete;
   NamedRules &operator=(NamedRules const &) = delete;
+  // Allocates nothing: it may run for want of memory.
   ~NamedRules() noexcept(false) {
-    std::vector<Rule *> owned;
-    for (auto const &entry : rules_) owned.push_back(entry.second);
-    deleteAll(owned);
+    for (auto entry = rules_.begin(); entry != rules_.end(); ++entry) {
+      Rule *const rule = entry->second;
+      for (auto same = entry; same != rules_.end(); ++same)
+        if (same->second == rule) same->second = nullptr;
+      delete rule;
+    }
   }
 
-  // Takes the rule over. The first one under a name stays; a later one is refused and remains the caller's.
-  void add(tvstring const &name, Rule *rule) { rules_.try_emplace(name, rule); }
+  // Takes the rule over, also when this fails for want of memory. The first one under a name stays; a later one is
+  // refused and remains the caller's.
+  void add(tvstring const &name, Rule *rule) {
+    try {
+      rules_.try_emplace(name, rule);
+    } catch (...) {
+      if (std::none_of(rules_.begin(), rules_.end(), [rule](auto const &entry) { return entry.second == rule; }))
+        delete rule;
+      throw;
+    }
+  }
   // Borrowed, or null.
   Rule *find(tvstring const &name) const {
     auto const entry = rules_.find(name);

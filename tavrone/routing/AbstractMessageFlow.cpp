@@ -1,5 +1,7 @@
 #include "tavrone/routing/AbstractMessageFlow.h"
 
+#include <exception>
+
 #include "tavrone/core/Class.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/Wrappers.h"
@@ -28,8 +30,15 @@ AbstractMessageFlow::~AbstractMessageFlow() noexcept(false) = default;
 template <class Body>
 auto AbstractMessageFlow::runBody(TransformContext &context, ExceptionHandler *handler, Body const &body) {
   struct Run {
-    ~Run() { flow.onEndMesageFlow(); }
+    ~Run() noexcept(false) {
+      try {
+        flow.onEndMesageFlow();
+      } catch (...) {
+        if (std::uncaught_exceptions() == failures) throw;  // the trace failed, and nothing else
+      }
+    }
     AbstractMessageFlow &flow;
+    int const failures = std::uncaught_exceptions();
   };
   onStartMesageFlow(context, handler);
   Run const inProgress{*this};

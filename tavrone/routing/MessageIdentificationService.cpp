@@ -52,7 +52,7 @@ MessageIdentificationService &MessageIdentificationService::operator=(MessageIde
 }
 
 void MessageIdentificationService::registerMessageIdentifer(MessageIdentifier *identifier) {
-  if (identifier != nullptr) identifiers_->list.push_back(identifier);
+  if (identifier != nullptr) pushOwned(identifiers_->list, identifier);
 }
 
 void MessageIdentificationService::registerMessageIdentifer(tvstring const &className) {

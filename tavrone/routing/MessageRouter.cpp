@@ -1,5 +1,6 @@
 #include "tavrone/routing/MessageRouter.h"
 
+#include <memory>
 #include <utility>
 
 #include "tavrone/core/OwnedPointers.h"
@@ -11,11 +12,19 @@ namespace {
 
 constexpr char SOURCE[] = "cpp/MessageRouter";
 
+// A handle on the directory. A service that a router is about to own goes when there is no memory for it.
+SmartPtr<ILookupContext> directoryBeside(MessageIdentificationService *service) {
+  std::unique_ptr<MessageIdentificationService> owned(service);
+  SmartPtr<ILookupContext> directory = LookupContextFactory::getLookupContext();
+  static_cast<void>(owned.release());
+  return directory;
+}
+
 }  // namespace
 
 MessageRouter::MessageRouter(MessageIdentificationService *service)
     : identificationService_(service != nullptr ? service : MessageIdentificationService::getDefault()),
-      lookupContext_(LookupContextFactory::getLookupContext()),
+      lookupContext_(directoryBeside(service)),
       ownsIdentificationService_(service != nullptr) {}
 
 MessageRouter::~MessageRouter() noexcept(false) {
@@ -44,7 +53,7 @@ void MessageRouter::deleteOwnedService() {
 }
 
 void MessageRouter::addMessageConfiguration(MessageConfiguration *configuration) {
-  if (configuration != nullptr) messageConfigurations_.push_back(configuration);
+  if (configuration != nullptr) pushOwned(messageConfigurations_, configuration);
 }
 
 void MessageRouter::clear() {
