@@ -138,7 +138,8 @@ template <class Body, class Parser, class Writer>
 class FCSMessage : public AbstractExternalMessage {
  public:
   FCSMessage() : AbstractExternalMessage(Body::typeMetaInfo()->getName()) {
-    addValidator(tvstringliteral("Integrity"), new CodedRules);  // nothing in a message tells whether its bytes are those that were sent
+    // Nothing in a message tells whether its bytes are those that were sent.
+    addValidator(tvstringliteral("Integrity"), new CodedRules);
     addValidator(DEFAULT_VALIDATOR, new FCSRules);
   }
   ~FCSMessage() noexcept(false) override = default;
