@@ -28,6 +28,7 @@ find_missing() {
   need libgtest-dev has_header gtest/gtest.h
   need libgmock-dev has_header gmock/gmock.h
   case " $* " in *" coverage "*) need gcovr command -v gcovr ;; esac
+  case " $* " in *" valgrind "*) need valgrind command -v valgrind ;; esac
   case " $* " in *" benchmarks "*)
     need libbenchmark-dev has_header benchmark/benchmark.h
     need python3 command -v python3
@@ -57,7 +58,8 @@ has_libfuzzer() {
     [ -f "$(clang++ -print-runtime-dir)/libclang_rt.fuzzer-x86_64.a" ]
 }
 
-# install_needs [benchmarks] [coverage] [analysis] [fuzzers]: what every build needs, and what the named ones need on top.
+# install_needs [benchmarks] [coverage] [analysis] [fuzzers] [valgrind]: what every build needs, and what the named ones need
+# on top.
 install_needs() {
   find_missing "$@"
   [ ${#missing[@]} -eq 0 ] && return
