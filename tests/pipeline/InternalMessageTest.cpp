@@ -127,5 +127,48 @@ TEST(InternalMessage, WritesXmlUnlessAskedForTheStoredForm) {
   }
 }
 
+TEST(BusinessTransactionWrapper, DoesWhatTheMessageBehindItDoes) {
+  // What each operation makes of a line, or fails with.
+  auto const seen = [](IInternalMessage &message) {
+    using Line = SmartPtr<DataObject> const &;
+    ByteArrayInputSource source(Binary("x"));
+    std::function<void(Line)> const operations[] = {
+        [&](Line o) { message.validate(o, context); },
+        [&](Line o) { message.validate("Other", o, context); },
+        [&](Line o) { message.validate2(o, context); },
+        [&](Line o) { message.validate2("Other", o, context); },
+        [&](Line o) { message.preprocess(o, context); },
+        [&](Line o) { message.preprocess2(o, context); },
+        [&](Line o) { message.postprocess(o, context); },
+        [&](Line o) { message.postprocess2(o, context); },
+        [&](Line o) { message.process("Postprocess", o, context); },
+        [&](Line o) { message.process2("Preprocess", o, context); },
+        [&](Line o) { message.handleNormalizedObject(o.get(), context); },
+        [&](Line o) { throw TransformException(message.serialize(o, context).toString()); },
+        [&](Line o) { throw TransformException(tvstring(message.serializeMessage2(o, context).value->getAsString())); },
+        [&](Line) { message.parse(source, context); },
+        [&](Line) { message.parse2(source, context); },
+        [&](Line) { message.parse(Binary(), context); },
+        [&](Line) { message.parse2(Binary(), context); },
+        [&](Line) { message.parse(RawMessage(), context); },
+    };
+    SmartPtr<DataObject> const made = message.createObject();
+    std::string out = str(made->toXMLString());
+    for (auto const &operation : operations) {
+      SmartPtr<DataObject> const object = line("!");
+      std::string failure;
+      try {
+        operation(object);
+      } catch (Exception const &e) {
+        failure = e.getTraceString().c_str() + str(e.getMessage());
+      }
+      out += textOf(object.get()) + failure + "\n";
+    }
+    return out;
+  };
+  SmartPtr<Message> const message = new Message("pvqt");
+  EXPECT_EQ(seen(*SmartPtr<IInternalMessage>(new BusinessTransactionWrapper(message.get()))), seen(*message));
+}
+
 }  // namespace
 }  // namespace tavrone

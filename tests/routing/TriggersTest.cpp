@@ -168,6 +168,23 @@ TEST_F(RouterTriggers, HandAMessageOnWithItsOutputAndWithoutItsProperties) {
   EXPECT_EQ(context.getOutputContext()->getRefCount(), 2) << "no trigger keeps it";
 }
 
+TEST_F(RouterTriggers, WorkAsCopiesOnTheSameConfiguration) {
+  OneTrigger triggers("RouterTrigger");
+  triggers.context.addProperty("output.format", "test.output");
+  triggers.context.addProperty("output.device", "test.memory");
+  RouterTrigger first, assigned;
+  first.setContext(&triggers.context);
+  assigned = first;
+  RouterTrigger copy(first);
+  SmartPtr<DataObject> const object = line("a");
+  for (RouterTrigger *trigger : {&first, &assigned, &copy}) {
+    context.createOutputContext();
+    trigger->onNewMessage(object.get(), context);
+    ASSERT_EQ(context.findOutputContext()->getOutputDevices().size(), 1u);
+    EXPECT_STREQ(context.findOutputContext()->getOutputDevices()[0]->getAsString(), "a|name");
+  }
+}
+
 TEST_F(RouterTriggers, MayBeEnteredAgainFromWithinAnEvent) {
   SmartPtr<IInternalMessage> const message = new Chained<'2'>;
   TransformContext other;

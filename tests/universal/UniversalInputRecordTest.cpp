@@ -171,14 +171,22 @@ TEST(UniversalInputRecord, ReadsBinaryFieldsInBothByteOrders) {
 std::string packed(std::istream &input) {
   std::string hex;
   int digits = 0, fraction = -1;
-  input >> hex >> digits >> fraction;
-  Message record(message(hex));
-  std::string shown;
-  Failure const failure = failureOf<TransformException>([&] {
-    shown = input ? words(record.getPackedDecimalDouble(digits, fraction)) : words(record.getPackedDecimalLong(digits));
-    shown += words("", record.getCurrentIndex());
-  });
-  return shown + failure.text;
+  bool const isDouble = static_cast<bool>(input >> hex >> digits >> fraction);
+  // The same behind other bytes, which whole words may reach back to.
+  std::string results[2];
+  for (int before : {0, 9}) {
+    Message record(std::string(static_cast<size_t>(before), '\xFF') + message(hex));
+    record.skip(before);
+    std::string &shown = results[before != 0];
+    Failure const failure = failureOf<TransformException>([&] {
+      shown = isDouble ? words(record.getPackedDecimalDouble(digits, fraction))
+                       : words(record.getPackedDecimalLong(digits));
+      shown += words("", record.getCurrentIndex() - before);
+    });
+    shown += failure.text;
+  }
+  EXPECT_EQ(results[1], results[0]);
+  return results[0];
 }
 
 TEST(UniversalInputRecord, ReadsPackedDecimals) {
