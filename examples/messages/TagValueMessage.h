@@ -126,9 +126,10 @@ class TagValueMessageParser : public Wire::InputParser {
 
   void parseMessage(Header &header, Body &body, TagValueTrailer &trailer, tvstring const &message) const {
     Tokenizer tokens(message, SOH);
-    parseHeader(header, trailer, tokens);
     Pair pair;
-    while (tokens.next(pair)) {
+    bool more = tokens.next(pair);
+    for (; more && header.setTag(pair.tag, pair.value); more = tokens.next(pair)) Wire::keep(header, trailer, pair);
+    for (; more; more = tokens.next(pair)) {
       if (self().parseField(body, pair, tokens)) continue;
       if (pair.tag != CHECK_SUM) tokens.pushBack(pair);
       tokens.assertEmpty();
@@ -139,17 +140,6 @@ class TagValueMessageParser : public Wire::InputParser {
     if (Wire::hasCheckSum(trailer)) this->missingTag(CHECK_SUM);
     self().assertComplete(body);
     countBytes(trailer, message, message.length());
-  }
-
-  void parseHeader(Header &header, TagValueTrailer &trailer, Tokenizer &tokens) const {
-    for (Pair pair; tokens.next(pair);) {
-      if (header.setTag(pair.tag, pair.value)) {
-        Wire::keep(header, trailer, pair);
-      } else {
-        tokens.pushBack(pair);
-        return;
-      }
-    }
   }
 };
 
