@@ -103,7 +103,7 @@ class WireOrderFormat : public AbstractInputFormat {
   NewOrderSingleToOrder rules_;
 };
 
-// Allocation 5: the message's text.
+// Allocation 4: the message's text.
 class OrderLineWriter : public OrderLayoutWriter {
  public:
   void writeData(DataObject *data, TransformContext &) override {
@@ -153,7 +153,7 @@ class OrderToLine : public OutputMappingRules {
   }
 };
 
-// Allocation 4: the line's record.
+// Allocation 3: the line's record.
 class OrderLineOutputFormat : public AbstractOutputFormat {
  public:
   DataObject *createRecordData() override { return new OrderLine; }
@@ -167,9 +167,9 @@ class OrderLineOutputFormat : public AbstractOutputFormat {
   OrderToLine rules_;
 };
 
-// A host as examples/orderdesk.cpp is one, with its internal order. Allocations 1 to 3: the header, its fields, and the
-// bytes that they are views on. Allocations 6 and 7: the device, and its buffer. The payload is shared with the host,
-// and parser and internal message fill their objects again.
+// A host as examples/orderdesk.cpp is one, with its internal order. Allocations 1 and 2: the header, and the bytes that
+// its fields are views on. Allocations 5 and 6: the device, and its buffer. The payload is shared with the host, and
+// parser and internal message fill their objects again.
 class Road {
  public:
   Road() {
