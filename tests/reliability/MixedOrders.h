@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "examples/gateway/GatewayOrder.h"
+#include "examples/orderdesk/DeskOrder.h"
 #include "examples/messages/FCSOrderOutput.h"
 #include "examples/messages/NewOrderSingleMessage.h"
 #include "examples/messages/SIACOrder.h"
@@ -145,7 +145,7 @@ struct OutputTriggers : MixedTriggers {
   static constexpr char const *FORMATS[COUNT] = {"mixed.FIX", "mixed.SIAC", "mixed.FCS", "mixed.tagged"};
   TriggerContextImpl triggers[COUNT];
 };
-struct MixedOrder : GatewayOrder {
+struct MixedOrder : DeskOrder {
   Triggers *getTriggers() override { return &triggers; }
   OutputTriggers triggers{this};
 };
