@@ -127,7 +127,7 @@ tvstring FCSLineTokenizer::peekRest() const {
   return line_.substr(static_cast<size_t>(peekNextToken().data() - line_.data()));
 }
 tvstring FCSLineTokenizer::getRest() {
-  tvstring const rest = peekRest();
+  tvstring rest = peekRest();
   skipToEnd();
   return rest;
 }
@@ -138,7 +138,7 @@ tvstring FCSLineTokenizer::run(long long end) const {
   return last < currentToken_ ? tvstring() : peekNextToken().span(token(last));
 }
 tvstring FCSLineTokenizer::getTillToken(int i) {
-  tvstring const text = run(i);
+  tvstring text = run(i);
   if (i > currentToken_) skip(i - currentToken_);
   return text;
 }
