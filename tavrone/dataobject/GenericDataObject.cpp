@@ -1,6 +1,7 @@
 #include "tavrone/dataobject/GenericDataObject.h"
 
 #include <memory>
+#include <new>
 
 #include "tavrone/core/Class.h"
 #include "tavrone/core/Conversion.h"
@@ -66,12 +67,14 @@ Object *GenericDataObject::clone() const {
 }
 
 void GenericDataObject::store(int index, Object *value) const {
+  if (values_ == nullptr && value == nullptr) return;
+  ObjectRef::addRef(value);
+  if (values_ == nullptr) values_ = new (std::nothrow) Object *[static_cast<size_t>(fieldCount_)]();
   if (values_ == nullptr) {
-    if (value == nullptr) return;
-    values_ = new Object *[static_cast<size_t>(fieldCount_)]();
+    ObjectRef::releaseRef(value);
+    throw std::bad_alloc();
   }
   Object *old = values_[index];
-  ObjectRef::addRef(value);
   values_[index] = value;
   ObjectRef::releaseRef(old);
 }
@@ -84,8 +87,10 @@ DataObjectSection *GenericDataObject::getSection(int index) const {
   std::unique_ptr<AbstractDataObjectSection> section(newSection(*field));
   section->initialize(const_cast<GenericDataObject *>(this), field->getName(), field->getMinOccurs(),
                       field->getMaxOccurs());
-  store(index, new SectionObject(section.get(), true));
-  return section.release();
+  auto *const value = new SectionObject(section.get(), true);
+  AbstractDataObjectSection *const made = section.release();  // the value's now
+  store(index, value);
+  return made;
 }
 
 bool GenericDataObject::getField(int index, Object &out) const {

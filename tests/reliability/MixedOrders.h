@@ -175,6 +175,8 @@ struct OrderListMessage : AbstractInternalMessage {
 
 // What all hosts share. Called once, before the first.
 inline void bindMixedOrders() {
+  SmartPtr<ILookupContext> const directory = LookupContextFactory::getLookupContext();
+  if (directory->lookup("memory") != nullptr) return;  // by an earlier call
   bindFactory<MixedOrder>("Order");
   bindFactory<OrderListMessage>("OrderList");
   bindFactory<ListToOrder>("ListToOrder");
@@ -187,7 +189,7 @@ inline void bindMixedOrders() {
   bindFactory<MixedSIACOutput>("mixed.SIAC");
   bindFactory<MixedFCSOutput>("mixed.FCS");
   bindFactory<MixedTaggedOutput>("mixed.tagged");
-  LookupContextFactory::getLookupContext()->bind("memory", new ContextOutputProtocol);
+  directory->bind("memory", new ContextOutputProtocol);
 }
 
 // One router with its context. Belongs to one thread.
