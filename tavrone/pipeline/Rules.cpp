@@ -116,7 +116,8 @@ void ProcessingRules::validate(DataObject *) {}
 void ProcessingRules::checkNotNull(DataObject *) {}
 
 void ProcessingRules::process(DataObject *object, TransformContext &context) {
-  fillingErrorType(ExceptionObject::ERROR_TYPE_PROCESSING, [&] { process0(object, context); });
+  fillingErrorType(ExceptionObject::ERROR_TYPE_PROCESSING,
+                   [&] { withStoredContext(transformContext, context, [&] { process0(object, context); }); });
 }
 void ProcessingRules::preprocess(DataObject *object, TransformContext &context) {
   withStoredContext(transformContext, context, [&] { preprocess(object); });

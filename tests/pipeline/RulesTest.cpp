@@ -29,6 +29,10 @@ struct Processing : ProcessingRules {
 struct Business : BusinessProcessingRules {
   void process(DataObject *) override { body("process "); }
 };
+struct WholeProcessing : ProcessingRules {
+  void process0(DataObject *, TransformContext &context) override { stored = transformContext == &context; }
+  bool stored = false;
+};
 
 // The steps of a call, then the error type that a failure leaves it with.
 std::string traced(std::function<void()> const &call) {
@@ -79,6 +83,13 @@ struct Internal : ValidationRules {
 struct Normalized : NormalizedObjectValidationRules {
   using NormalizedObjectValidationRules::throwFieldInvalid;
 };
+
+TEST(Rules, HoldTheContextForAProcessingThatReplacesTheSteps) {
+  WholeProcessing rules;
+  TransformContext context;
+  rules.process(nullptr, context);
+  EXPECT_TRUE(rules.stored);
+}
 
 TEST(Rules, NameTheRuleAndTheFieldThatIsNotValid) {
   struct {
