@@ -27,14 +27,14 @@ class TAVRONE_API AbstractValidationRules {
   // Asks the user's IFieldValidation of that name, made once for this object. Raises ClassCastException for a class of
   // another kind.
   bool customValidation(tvstring const &className, Object const *value, tvstring const &fieldName, DataObject *object);
+  // Raises FieldValidationException "Validation '<rule>' failed. Field '<field>' is not valid".
+  [[noreturn]] static void throwFieldInvalid(tvstring const &rule, tvstring const &field);
 
  protected:
   // Raises TransformRuntimeException outside of a call.
   TransformContext &getTransformContext();
   // Calls the user's IInvokable of that name, made once for this object. The result is the caller's.
   Object *invokeCustomExternalClass(tvstring const &className, ObjectList const &arguments, TransformContext &context);
-  // Raises FieldValidationException "Validation '<rule>' failed. Field '<field>' is not valid".
-  [[noreturn]] static void throwFieldInvalid(tvstring const &rule, tvstring const &field);
 
   TransformContext *transformContext = nullptr;  // null outside of a call
   ExceptionHandler *exceptionHandler = ExceptionHandler::DRACONIAN_EXCEPTION_HANDLER;
@@ -92,7 +92,6 @@ class TAVRONE_API NormalizedObjectValidationRules {
 
   virtual void validate(DataObject *object) = 0;
 
- protected:
   // Raises FieldValidationException "Validation '<rule>' failed. Field '<field>' is not valid".
   [[noreturn]] static void throwFieldInvalid(tvstring const &rule, tvstring const &field);
 };

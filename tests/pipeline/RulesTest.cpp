@@ -77,12 +77,6 @@ TEST(Rules, HoldTheContextForTheCallAndAfterAFailure) {
   EXPECT_TRUE(stored());
 }
 
-struct Internal : ValidationRules {
-  using ValidationRules::throwFieldInvalid;
-};
-struct Normalized : NormalizedObjectValidationRules {
-  using NormalizedObjectValidationRules::throwFieldInvalid;
-};
 
 TEST(Rules, HoldTheContextForAProcessingThatReplacesTheSteps) {
   WholeProcessing rules;
@@ -97,8 +91,8 @@ TEST(Rules, NameTheRuleAndTheFieldThatIsNotValid) {
     char const *source, *codeAndIndex;
     bool cascadable;
   } const cases[] = {
-      {[] { Internal::throwFieldInvalid("R", "F"); }, "cpp/AbstractValidationRules", "", true},
-      {[] { Normalized::throwFieldInvalid("R", "F"); }, "cpp/NormalizedObjectValidationRules", "", true},
+      {[] { AbstractValidationRules::throwFieldInvalid("R", "F"); }, "cpp/AbstractValidationRules", "", true},
+      {[] { NormalizedObjectValidationRules::throwFieldInvalid("R", "F"); }, "cpp/NormalizedObjectValidationRules", "", true},
       {[] { Fields::throwFieldInvalid("R", "F"); }, "cpp/FieldsValidationRules", "", true},
       {[] { Fields::throwFieldInvalid("R", "F", true, nullptr, 3); }, "cpp/FieldsValidationRules", "3", true},
       {[] { Fields::throwFieldInvalid("R", "F", "unused", false, nullptr, 3); }, "cpp/FieldsValidationRules", "3",
