@@ -22,7 +22,8 @@ template <class T, class Refuse>
 T &instanceOf(SmallStringMap &instances, tvstring const &className, Refuse const &refuse) {
   if (ObjectRef *const kept = instances.get(className)) return *static_cast<Held<T> *>(kept)->instance;
   SmartPtr<Held<T>> const made(new Held<T>(CustomClassSupport::create<T>(className, refuse)));
-  instances.put(className, made.get());
+  // Text of its own: the name may be a view on bytes that go.
+  instances.put(tvstring(className.data(), className.length()), made.get());
   return *made->instance;
 }
 

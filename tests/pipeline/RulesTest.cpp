@@ -130,6 +130,12 @@ TEST(CustomClassSupport, MakesEachClassOnceForItsOwnerAndKind) {
     EXPECT_EQ(result->toString(), "[]");
   }
   EXPECT_EQ(Custom::made, 2);
+  Fields named;
+  std::string bytes = "rules.Custom";
+  EXPECT_TRUE(named.customValidation(tvstringliteral(bytes.c_str()), nullptr, "F", nullptr));
+  bytes.assign(bytes.size(), '-');
+  EXPECT_TRUE(named.customValidation("rules.Custom", nullptr, "F", nullptr));
+  EXPECT_EQ(Custom::made, 3);
   auto const invokeOther = [&] { rules.invokeCustomExternalClass("rules.Other", arguments, context); };
   EXPECT_EQ(failureOf<TransformException>(invokeOther).text,
             "Error instantiating custom class instance 'rules.Other'. The class does not implement 'IInvokable'.");
