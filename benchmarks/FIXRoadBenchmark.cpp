@@ -12,9 +12,9 @@
 
 #include "benchmarks/Allocations.h"
 #include "benchmarks/peers/QuickFIXPeer.h"
-#include "examples/orderdesk/DeskOrder.h"
 #include "examples/messages/NewOrderSingleMessage.h"
 #include "examples/messages/OrderLayout.h"
+#include "examples/orderdesk/DeskOrder.h"
 
 namespace examples {
 namespace {

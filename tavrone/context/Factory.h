@@ -13,8 +13,8 @@ class Factory : public ObjectFactory {
 };
 
 // Binds a factory in the directory: each look-up of a service under the name makes a new T. Raises NamingException
-// "<name> already bound", which ends the program where nobody can catch it yet. Returns true, so that one line at namespace
-// scope binds a component while its library loads:
+// "<name> already bound", which ends the program where nobody can catch it yet. Returns true, so that one line at
+// namespace scope binds a component while its library loads:
 //
 //   static bool const bound = bindFactory<OrderFormat>("order.input");
 template <class T>

@@ -43,8 +43,8 @@ tvstring copyOf(tvstring const &name) {
   return tvstring(name.data(), name.length());
 }
 
-// Puts the object under a name that is free, with a reference of the directory's. Should that fail for want of memory, an
-// object that nobody else counts goes.
+// Puts the object under a name that is free, with a reference of the directory's. Should that fail for want of memory,
+// an object that nobody else counts goes.
 void enter(tvstring const &name, Object *object) {
   struct ReleaseRef {
     void operator()(Object *taken) const { taken->releaseRef(); }

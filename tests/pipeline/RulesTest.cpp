@@ -77,7 +77,6 @@ TEST(Rules, HoldTheContextForTheCallAndAfterAFailure) {
   EXPECT_TRUE(stored());
 }
 
-
 TEST(Rules, HoldTheContextForAProcessingThatReplacesTheSteps) {
   WholeProcessing rules;
   TransformContext context;
@@ -92,7 +91,8 @@ TEST(Rules, NameTheRuleAndTheFieldThatIsNotValid) {
     bool cascadable;
   } const cases[] = {
       {[] { AbstractValidationRules::throwFieldInvalid("R", "F"); }, "cpp/AbstractValidationRules", "", true},
-      {[] { NormalizedObjectValidationRules::throwFieldInvalid("R", "F"); }, "cpp/NormalizedObjectValidationRules", "", true},
+      {[] { NormalizedObjectValidationRules::throwFieldInvalid("R", "F"); }, "cpp/NormalizedObjectValidationRules", "",
+       true},
       {[] { Fields::throwFieldInvalid("R", "F"); }, "cpp/FieldsValidationRules", "", true},
       {[] { Fields::throwFieldInvalid("R", "F", true, nullptr, 3); }, "cpp/FieldsValidationRules", "3", true},
       {[] { Fields::throwFieldInvalid("R", "F", "unused", false, nullptr, 3); }, "cpp/FieldsValidationRules", "3",

@@ -9,12 +9,12 @@
 #include <string>
 #include <vector>
 
-#include "examples/orderdesk/DeskOrder.h"
 #include "examples/messages/FCSOrderOutput.h"
 #include "examples/messages/NewOrderSingleMessage.h"
 #include "examples/messages/SIACOrder.h"
 #include "examples/messages/TaggedOrder.h"
 #include "examples/messages/TradeFile.h"
+#include "examples/orderdesk/DeskOrder.h"
 
 namespace tavrone {
 
