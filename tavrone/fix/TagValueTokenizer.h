@@ -115,7 +115,7 @@ inline bool TagValueTokenizer<Format>::takeUsual(TagValuePair &pair, uint64_t wo
   size_t const tagEnd = static_cast<size_t>(currentIndex_) + tagBits / 8;
   if (tagBits == 0 || message_[tagEnd] != '=') return false;
   pair.tag = static_cast<int>(valueOfDigits8(digits << (64 - tagBits)));
-  size_t const end = static_cast<size_t>(block_ + std::countr_zero(ends_));
+  size_t const end = static_cast<size_t>(block_) + static_cast<size_t>(std::countr_zero(ends_));
   ends_ &= ends_ - 1;
   message_.substr(tagEnd + 1, end - tagEnd - 1, pair.value);
   tokenStart_ = currentIndex_;
