@@ -52,7 +52,8 @@ bool AbstractDataObject::hasFlag(int index) const {
 
 bool AbstractDataObject::getField(int index, Object &out) const {
   if (hasFlag(index) && isNull(index)) return false;
-  getField0(index, &out);
+  Object *const given = getField0(index, &out);
+  SmartPtr<Object> const unasked(given == &out ? nullptr : given);  // a wrapper that the class has made all the same
   return true;
 }
 

@@ -579,19 +579,13 @@ class Reader {
       if constexpr (KIND == FieldKind::SECTION) {
         size_t elements;
         at = count(at, elements);
-        return section(at, *sectionOf(object, index), elements, depth);
+        return section(at, *object.getSection(index), elements, depth);
       } else if constexpr (KIND == FieldKind::DATA_OBJECT) {
         return nested(at, object, index, depth);
       } else {
         return set(kind, at, object, index, field.getType());
       }
     });
-  }
-
-  static DataObjectSection *sectionOf(DataObject const &object, int index) {
-    SectionObject wrapper;
-    bool const given = object.getField(index, wrapper) && wrapper.getSection() != nullptr;
-    return given ? wrapper.getSection() : object.getSection(index);
   }
 
   // Without an object to read into, nothing is read: the class has to make it. A generic record is asked for its

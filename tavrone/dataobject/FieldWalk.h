@@ -2,6 +2,7 @@
 
 #include <typeinfo>
 
+#include "tavrone/core/Exceptions.h"
 #include "tavrone/dataobject/FieldAccess.h"
 #include "tavrone/dataobject/FieldKinds.h"
 #include "tavrone/dataobject/GenericDataObject.h"
@@ -80,7 +81,45 @@ char *walkHeld(char *at, DataObject &object, Sink &&sink) {
   return at;
 }
 
-// Any other record: the accessors, with a wrapper on the stack.
+// A wrapper that tells whether anybody has filled it.
+template <class Wrapper>
+class Watched final : public Wrapper {
+ public:
+  bool isFilled() const { return isFilled_; }
+
+#define TAVRONE_WATCHED(set, Parameter) \
+  void set(Parameter value) override {  \
+    Wrapper::set(value);                \
+    isFilled_ = true;                   \
+  }
+  TAVRONE_WATCHED(setInt, int)
+  TAVRONE_WATCHED(setLong, long long)
+  TAVRONE_WATCHED(setDouble, double)
+  TAVRONE_WATCHED(setFloat, float)
+  TAVRONE_WATCHED(setCharacter, char)
+  TAVRONE_WATCHED(setBoolean, bool)
+  TAVRONE_WATCHED(setBigInteger, BigInteger const &)
+  TAVRONE_WATCHED(setBigDecimal, BigDecimal const &)
+  TAVRONE_WATCHED(setDate, DateTime const &)
+  TAVRONE_WATCHED(setISODate, ISODateTime const &)
+  TAVRONE_WATCHED(setString, tvstring const &)
+  TAVRONE_WATCHED(setBinary, Binary const &)
+  TAVRONE_WATCHED(setObject, Object const *)
+#undef TAVRONE_WATCHED
+
+ private:
+  bool isFilled_ = false;
+};
+
+// A class may know how to make wrappers only: then it fails, or leaves this one as it is.
+inline void fill(DataObject const &object, int index, Object &wrapper) {
+  try {
+    object.getField(index, wrapper);
+  } catch (Exception const &) {  // getField(index) tells better
+  }
+}
+
+// Any other record: the accessors, with a wrapper on the stack where they fill it.
 template <class Sink>
 char *walkAccessed(char *at, DataObject &object, Sink &&sink) {
   DataObjectMetaInfo const &type = *object.getMetaInfo();
@@ -91,12 +130,13 @@ char *walkAccessed(char *at, DataObject &object, Sink &&sink) {
     at = withKind(field.getKind(), [&](auto kind) {
       constexpr FieldKind KIND = kind;
       if constexpr (HasPlainValue<KIND>) {
-        typename FieldOf<KIND>::Wrapper wrapper;
-        return object.getField(i, wrapper) ? sink.plain(kind, at, i, field, wrapper.getValue()) : at;
+        Watched<typename FieldOf<KIND>::Wrapper> wrapper;
+        fill(object, i, wrapper);
+        if (wrapper.isFilled()) return sink.plain(kind, at, i, field, wrapper.getValue());
       } else if constexpr (KIND == FieldKind::SECTION) {
         SectionObject wrapper;
-        if (object.getField(i, wrapper) && wrapper.getSection() != nullptr)
-          return sink.section(at, i, field, wrapper.getSection());
+        fill(object, i, wrapper);
+        if (wrapper.getSection() != nullptr) return sink.section(at, i, field, wrapper.getSection());
       }
       return walkMade(at, object, i, field, sink);
     });

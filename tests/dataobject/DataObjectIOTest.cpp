@@ -91,6 +91,40 @@ class Envelope : public AbstractDataObject {
   bool flags_[1];
 };
 
+// Records of classes that only know how to make wrappers, and take no notice of one that they are to fill.
+class Maker : public AbstractDataObject {
+ public:
+  explicit Maker(DataObjectSection *parent = nullptr) : AbstractDataObject(metaInfoOfType(), flags_, parent) {}
+  ~Maker() noexcept(false) override = default;
+  static bool fillsNothing;  // else it fails
+  int const number = 7;
+  DataObjectSectionImpl parts{this, "Parts", 0, -1};
+
+  DataObject *createSectionElement(tvstring const &, DataObjectSection *section) const override {
+    return new Maker(section);
+  }
+
+ protected:
+  void setField0(int, Object const *value) override { EXPECT_EQ(value->getInt(), number); }
+  Object *getField0(int index, Object *out) const override {
+    return fillsNothing ? getField0(index) : AbstractDataObject::getField0(index, out);
+  }
+  Object *getField0(int index) const override {
+    if (index == 0) return new IntObject(number);
+    return new SectionObject(const_cast<DataObjectSectionImpl *>(&parts), false);
+  }
+
+ private:
+  static DataObjectMetaInfo *metaInfoOfType() {
+    static char const *names[] = {"Number", "Parts"};
+    static char const *types[] = {"Integer", "Section"};
+    static DataObjectMetaInfo type("Maker", names, types, 2);
+    return &type;
+  }
+  bool flags_[2];
+};
+bool Maker::fillsNothing = false;
+
 TEST(DataObjectIO, FastUnsignedIntsTakeOneToFiveBytes) {
   expectEach({"0 -> 00", "7F -> 7F", "80 -> 8001", "3FFF -> FF7F", "4000 -> 808001", "1FFFFF -> FFFF7F",
               "200000 -> 80808001", "FFFFFFF -> FFFFFF7F", "10000000 -> 8080808001", "FFFFFFE9 -> E9FFFFFF0F"},
@@ -188,6 +222,23 @@ TEST(DataObjectIO, RecordsOfEveryClassAreStoredAlike) {
   SmartPtr<DataObject> const last(new GenericDataObject(&wide, false));
   last->setField(127, IntObject(1));
   EXPECT_EQ(hexOf(last.get()), "80010000000100");
+}
+
+TEST(DataObjectIO, ClassesNeedOnlyMakeWrappers) {
+  for (bool fillsNothing : {false, true}) {
+    Maker::fillsNothing = fillsNothing;
+    SmartPtr<Maker> const record(new Maker), copy(new Maker);
+    for (int i : {0, 1}) {
+      record->setNotNull(i);
+      copy->setNotNull(i);
+    }
+    record->parts.addNewElement()->setField(0, IntObject(7));
+    EXPECT_EQ(hexOf(record.get()), "0100000007020101000000070000");
+    EXPECT_EQ(str(record->toXMLString()),
+              "<Maker>\n\t<Number>7</Number>\n\t<Parts>\n\t\t<Number>7</Number>\n\t</Parts>\n</Maker>\n");
+    DataObjectIO::parse(copy.get(), DataObjectIO::serialize(record.get()));
+    EXPECT_EQ(copy->parts.getElementCount(), 1);
+  }
 }
 
 TEST(DataObjectIO, NestedRecordsNeedAnObjectToReadInto) {
