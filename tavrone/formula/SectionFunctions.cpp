@@ -4,6 +4,7 @@
 #include <cmath>
 #include <functional>
 #include <numeric>
+#include <optional>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -16,7 +17,7 @@
 namespace tavrone {
 namespace {
 
-// A value that sorts. Kinds come in this order.
+// A value that sorts. Kinds come in this order, but that numbers of the first two are compared with each other.
 using Key = std::variant<std::monostate, long long, double, BigDecimal, DateTime, tvstring>;
 
 struct KeyFrom {
@@ -35,17 +36,26 @@ struct KeyFrom {
     return true;
   }
   bool wrapped(Object const &value) {
+    // The key of the value itself where the class is one of these: texts don't sort as numbers do.
+    bool const isKnown = takes<IntObject>(value) || takes<LongObject>(value) || takes<BigDecimalObject>(value) ||
+                         takes<BigIntegerObject>(value) || takes<DateObject>(value) || takes<ISODateObject>(value);
+    if (isKnown) return true;
     if (auto const *number = dynamic_cast<NumberObject const *>(&value))
       key = number->getDouble();
     else
       key = value.toString();
     return true;
   }
+  template <class Wrapper>
+  bool takes(Object const &value) {
+    auto const *wrapper = dynamic_cast<Wrapper const *>(&value);
+    return wrapper != nullptr && plain(KindTag<FieldKind::OTHER>(), wrapper->getValue());
+  }
 
   Key key;
 };
 
-bool isBefore(double a, double b) {
+bool isBefore(long double a, long double b) {
   return a < b || (std::isnan(b) && !std::isnan(a));  // what is no number comes last
 }
 template <class Value>
@@ -53,7 +63,17 @@ bool isBefore(Value const &a, Value const &b) {
   return a < b;
 }
 
+// Null for what is no plain number. A long double holds every long long.
+std::optional<long double> numberOf(Key const &key) {
+  if (auto const *whole = std::get_if<long long>(&key)) return static_cast<long double>(*whole);
+  if (auto const *number = std::get_if<double>(&key)) return *number;
+  return std::nullopt;
+}
+
 bool isBefore(Key const &a, Key const &b) {
+  std::optional<long double> const x = numberOf(a);
+  std::optional<long double> const y = numberOf(b);
+  if (x && y) return isBefore(*x, *y);
   if (a.index() != b.index()) return a.index() < b.index();
   return std::visit(
       [&](auto const &value) {
