@@ -46,11 +46,12 @@ TransformContext::TransformContext(TransformContext const &other) : TransformCon
 TransformContext &TransformContext::operator=(TransformContext const &other) {
   if (this == &other) return *this;
   found_.fill(nullptr);
+  if (other.strings_ != nullptr) strings();
   keyBits_ = other.keyBits_;
   if (other.strings_ == nullptr)
     strings_.reset();
   else
-    strings() = *other.strings_;
+    *strings_ = *other.strings_;
   outputContext_ = other.outputContext_;
   return *this;
 }
@@ -67,8 +68,9 @@ void TransformContext::setProperty(tvstring const &key, tvstring const &value) {
     *stored = value;
     return;
   }
+  Strings &all = strings();  // before its bits: where there are bits, there is a map
   keyBits_ |= bitOf(key);
-  strings().emplace(key, value);
+  all.emplace(key, value);
 }
 
 void TransformContext::setObjectProperty(tvstring const &key, Object *value) {
@@ -127,8 +129,9 @@ void TransformContext::clear() {
 }
 
 void TransformContext::putAll(Strings const &properties) {
+  Strings &all = strings();
   for (auto const &[key, value] : properties) keyBits_ |= bitOf(key);
-  strings().insert(properties.begin(), properties.end());
+  all.insert(properties.begin(), properties.end());
 }
 
 ObjectPtrMap<Object> &TransformContext::getObjectPropertyMap() {
