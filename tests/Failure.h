@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -10,14 +12,17 @@
 
 namespace tavrone {
 
-// What a call raised; all empty when it raised nothing. Equal to its form in a trace: "cpp/Source:12:text".
+// What a call raised; all empty when it raised nothing. Equal to its text, and to its form in a trace:
+// "cpp/Source:12:text".
 struct Failure {
   std::string text{};
   std::string source{};
   int line = 0;
 
   std::string shown() const { return source.empty() ? text : source + ':' + std::to_string(line) + ':' + text; }
-  friend bool operator==(Failure const &failure, std::string_view shown) { return failure.shown() == shown; }
+  friend bool operator==(Failure const &failure, std::string_view shown) {
+    return failure.text == shown || failure.shown() == shown;
+  }
   friend std::ostream &operator<<(std::ostream &out, Failure const &failure) { return out << failure.shown(); }
 };
 
@@ -32,5 +37,8 @@ Failure failureOf(Call const &call) {
   }
   return {};
 }
+
+// The call raises exactly an E that is equal to the text; nothing for the empty text.
+#define EXPECT_FAILURE(E, call, expected) EXPECT_EQ(failureOf<E>([&] { call; }), expected)
 
 }  // namespace tavrone

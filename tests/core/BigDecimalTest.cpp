@@ -61,8 +61,8 @@ TEST(BigDecimal, StandsOnEitherSideOfWhatBecomesOne) {
 }
 
 TEST(BigDecimal, ToLongFailsAsTheNumberTextDoes) {
-  EXPECT_EQ(failureOf<TransformException>([] { BigDecimal("9223372036854775808.5").toLong(); }).text,
-            "Long overflow. Cannot convert '9223372036854775808' to long");
+  EXPECT_FAILURE(TransformException, BigDecimal("9223372036854775808.5").toLong(),
+                 "Long overflow. Cannot convert '9223372036854775808' to long");
 }
 
 TEST(BigInteger, IsAlwaysWhole) {

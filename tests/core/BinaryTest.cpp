@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <string>
 #include <type_traits>
 
 #include "tests/core/BinaryTextReference.h"

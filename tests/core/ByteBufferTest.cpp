@@ -5,7 +5,6 @@
 #include <climits>
 #include <cmath>
 #include <memory>
-#include <string>
 
 #include "tests/Failure.h"
 

@@ -7,7 +7,6 @@
 #include <cmath>
 #include <limits>
 #include <random>
-#include <string>
 
 #include "tests/Cases.h"
 #include "tests/Failure.h"

@@ -8,6 +8,7 @@
 #include "tavrone/core/SmartPtr.h"
 #include "tavrone/core/Wrappers.h"
 #include "tavrone/dataobject/MetaInfo.h"
+#include "tests/Cases.h"
 #include "tests/Failure.h"
 
 namespace tavrone {
@@ -43,8 +44,7 @@ TYPED_TEST(ExceptionClasses, KeepsClassTextTraceCodeAndRecordInItsClone) {
 
 TEST(Exceptions, RaiseStampsTheCallersLine) {
   int const line = __LINE__ + 1;
-  EXPECT_EQ(failureOf<InternalError>([] { raise<InternalError>("x", "cpp/Here"); }),
-            "cpp/Here:" + std::to_string(line) + ":x");
+  EXPECT_FAILURE(InternalError, raise<InternalError>("x", "cpp/Here"), "cpp/Here:" + std::to_string(line) + ":x");
   ExceptionTrace trace;
   trace.setFileName("cpp/Source");
   EXPECT_EQ(trace.getTraceString(), "");
@@ -98,8 +98,7 @@ TEST(TransformExceptions, AreRecordsReadAndWrittenByIndex) {
   EXPECT_EQ(record.getType() + record.getMessage() + record.getErrorCode() + record.getSeverity() +
                 record.getFFieldName() + record.getFieldID(),
             "TypeMessageErrorCodeSeverityFieldNameFieldID");
-  EXPECT_EQ(failureOf<TransformException>([&] { record.setField(0, IntObject(1)); }).text,
-            "Cannot convert Integer to String");
+  EXPECT_FAILURE(TransformException, record.setField(0, IntObject(1)), "Cannot convert Integer to String");
   EXPECT_EQ(failureOf<FieldNotFoundException>([&] { record.setField(7, StringObject("x")); }).line, 223);
   TransformException const source("x");
   record = source;
@@ -142,8 +141,7 @@ TEST(TransformExceptions, KeepContextPropertiesThatAreNotEmpty) {
   EXPECT_EQ(e.getLine(), -1);
   e.setLine(0);
   e.setColumn(-7);
-  EXPECT_EQ(e.getLine(), 0);
-  EXPECT_EQ(e.getColumn(), -7);
+  EXPECT_EQ(words(e.getLine(), e.getColumn()), "0 -7");
   e.fillErrorType("Validation");
   e.fillErrorType("Mapping");
   e.setErrorPhase("Output");
@@ -170,8 +168,7 @@ TEST(TransformExceptions, SomeTakeMoreThanAText) {
   // One count, whichever base counts.
   SmartPtr<TransformException> const failure(copy.get());
   SmartPtr<ExceptionDataObject> const record(copy.get());
-  EXPECT_EQ(copy->getRefCount(), 3);
-  EXPECT_EQ(FCSParseException(*copy).getRefCount(), 0);
+  EXPECT_EQ(words(copy->getRefCount(), FCSParseException(*copy).getRefCount()), "3 0");
 }
 
 }  // namespace

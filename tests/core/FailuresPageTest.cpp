@@ -2,7 +2,6 @@
 
 #include <fstream>
 #include <set>
-#include <string>
 
 #include "tavrone/core/Catalogues.h"
 #include "tavrone/core/ObjectList.h"

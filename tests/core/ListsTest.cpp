@@ -2,12 +2,12 @@
 
 #include <limits>
 #include <memory>
-#include <string>
 
 #include "tavrone/core/ObjectList.h"
 #include "tavrone/core/SmallStringMap.h"
 #include "tavrone/core/TList.h"
 #include "tavrone/core/Wrappers.h"
+#include "tests/Cases.h"
 #include "tests/Text.h"
 #include "tests/Tracked.h"
 
@@ -65,9 +65,7 @@ TEST(TList, AddsItsOwnElements) {
 
 TEST(TList, SearchesAndCompares) {
   auto const numbers = list<int>({5, 6, 5});
-  EXPECT_EQ(numbers.indexOf(5), 0);
-  EXPECT_EQ(numbers.lastIndexOf(5), 2);
-  EXPECT_EQ(numbers.lastIndexOf(7), -1);
+  EXPECT_EQ(words(numbers.indexOf(5), numbers.lastIndexOf(5), numbers.lastIndexOf(7)), "0 2 -1");
   EXPECT_TRUE(numbers.contains(6) && !numbers.contains(7));
   EXPECT_TRUE(numbers.intersects(list<int>({1, 6})) && !numbers.intersects(list<int>({1})));
   EXPECT_TRUE(numbers.equals(list<int>({5, 6, 5})) && !numbers.equals(list<int>({5, 6})));
@@ -136,8 +134,7 @@ TEST(ObjectList, OwnsItsElementsAndClonesThem) {
     std::unique_ptr<Object> const clone(objects.clone());
     EXPECT_EQ(Counted::alive, 2);
     shared.clear();
-    EXPECT_EQ(Counted::alive, 1);
-    EXPECT_EQ(objects.size(), 0);
+    EXPECT_EQ(words(Counted::alive, objects.size()), "1 0");
     EXPECT_EQ(str(clone->toString()), "[counted, 5, null]");
   }
   EXPECT_EQ(Counted::alive, 0);
@@ -153,8 +150,7 @@ TEST(SmallStringMap, HoldsOneReferenceOnEachValue) {
     SmallStringMap const copy(map);
     map.put("a", new Counted);
     EXPECT_EQ(first->getRefCount(), 1);
-    EXPECT_TRUE(copy.get("a") == first && map.get("a") != first);
-    EXPECT_TRUE(map.get("b") == nullptr && map.get("ab") == nullptr);
+    EXPECT_TRUE(copy.get("a") == first && map.get("a") != first && map.get("b") == nullptr && map.get("ab") == nullptr);
     EXPECT_EQ(Counted::alive, 2);
   }
   EXPECT_EQ(Counted::alive, 0);

@@ -9,7 +9,6 @@
 #include <limits>
 #include <memory>
 #include <random>
-#include <utility>
 #include <vector>
 
 #include "tests/Cases.h"

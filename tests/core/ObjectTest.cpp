@@ -59,8 +59,7 @@ TEST(Object, ShowsItsClassAndClonesOnlyAsItself) {
   SmartPtr<Object> const copy(Object().clone());
   EXPECT_TRUE(typeid(*copy) == typeid(Object));
   Uncloneable const object;
-  EXPECT_EQ(failureOf<Exception>([&] { object.clone(); }).text,
-            std::string("Clone not implemented in ") + typeid(object).name());
+  EXPECT_FAILURE(Exception, object.clone(), std::string("Clone not implemented in ") + typeid(object).name());
   char expected[64];
   std::snprintf(expected, sizeof expected, "%s%x", typeid(object).name(),
                 static_cast<unsigned>(reinterpret_cast<uintptr_t>(&object)));
@@ -133,8 +132,7 @@ TEST(SmartPtr, ReleasesBeforeItAddsEvenToItself) {
   SmartPtr<Counted> only(new Counted(log, "c"));
   auto &alias = only;
   only = alias;  // destroys what only it holds
-  EXPECT_TRUE(only.isNull());
-  EXPECT_TRUE(log.ends_with("c+ c~ "));
+  EXPECT_TRUE(only.isNull() && log.ends_with("c+ c~ "));
 }
 
 TEST(SmartPtr, MovesTheReference) {
@@ -166,10 +164,10 @@ TEST(CheckedCast, NamesBothTypesWhenItFails) {
   Object *const object = &number;
   EXPECT_EQ(checkedCast<IntObject>(object), &number);
   std::string const target = typeid(LongObject).name();
-  EXPECT_EQ(failureOf<ClassCastException>([&] { checkedCast<LongObject>(object); }).text,
-            std::string("Cannot cast ") + typeid(IntObject).name() + "* to " + target);
-  EXPECT_EQ(failureOf<ClassCastException>([] { checkedCast<LongObject>(static_cast<Object const *>(nullptr)); }).text,
-            "Cannot cast NULL to " + target);
+  EXPECT_FAILURE(ClassCastException, checkedCast<LongObject>(object),
+                 std::string("Cannot cast ") + typeid(IntObject).name() + "* to " + target);
+  EXPECT_FAILURE(ClassCastException, checkedCast<LongObject>(static_cast<Object const *>(nullptr)),
+                 "Cannot cast NULL to " + target);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <set>
-#include <string>
 
 #include "tavrone/core/Catalogues.h"
 #include "tavrone/core/Conversion.h"
@@ -23,19 +22,16 @@ tvstring const readWhileLoading = Resources::getProperty("SRT600.code");
 
 TEST(Catalogues, HoldEveryRowInOrder) {
   EXPECT_EQ(readWhileLoading, "SRT121");
-  struct {
-    Catalogue const &catalogue;
-    size_t count;
-    char const *keys;
-  } const cases[] = {{RuntimeResources, 122, "SRT100-SRT600"}, {UniversalResources, 32, "UNV100-UNV131"}};
+  std::tuple<Catalogue const &, size_t, char const *> const cases[] = {{RuntimeResources, 122, "SRT100-SRT600"},
+                                                                       {UniversalResources, 32, "UNV100-UNV131"}};
   std::set<std::string> codes;
-  for (auto const &c : cases) {
-    ASSERT_EQ(c.catalogue.rows.size(), c.count);
-    EXPECT_EQ(c.catalogue.rows.front().key + "-"s + c.catalogue.rows.back().key, c.keys);
+  for (auto const &[catalogue, count, keys] : cases) {
+    ASSERT_EQ(catalogue.rows.size(), count);
+    EXPECT_EQ(catalogue.rows.front().key + "-"s + catalogue.rows.back().key, keys);
     std::string previous;
-    for (CatalogueRow const &row : c.catalogue.rows) {
+    for (CatalogueRow const &row : catalogue.rows) {
       EXPECT_LT(previous, row.key);
-      EXPECT_EQ(Resources::getProperty(c.catalogue.name, (row.key + ".code"s).c_str()), row.code);
+      EXPECT_EQ(Resources::getProperty(catalogue.name, (row.key + ".code"s).c_str()), row.code);
       EXPECT_EQ(Resources::getProperty((row.key + ".message"s).c_str()), row.message);
       previous = row.key;
       codes.insert(row.code);

@@ -90,11 +90,11 @@ TEST(Wrappers, FailOnEveryOtherTypeAndKeepTheirValue) {
   for (auto const &to : wrapperCases())
     for (auto const &from : wrapperCases()) {
       if (&to == &from || (isNumber(to) && isNumber(from))) continue;
-      EXPECT_EQ(failureOf<TransformException>([&] { to.value->setObject(from.value.get()); }).text,
-                std::string("Cannot convert ") + from.type + " to " + to.type);
+      EXPECT_FAILURE(TransformException, to.value->setObject(from.value.get()),
+                     std::string("Cannot convert ") + from.type + " to " + to.type);
       EXPECT_EQ(to.value->toString(), to.text);
     }
-  EXPECT_EQ(failureOf<TransformException>([] { IntObject(5).getString(); }).text, "Cannot convert Integer to String");
+  EXPECT_FAILURE(TransformException, IntObject(5).getString(), "Cannot convert Integer to String");
 }
 
 struct NamedSection : DataObjectSectionImpl {

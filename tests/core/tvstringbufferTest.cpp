@@ -9,8 +9,7 @@ namespace {
 
 class Probe : public tvstringbuffer {
  public:
-  using tvstring::capacity;
-  using tvstringbuffer::tvstringbuffer;
+  using tvstring::capacity, tvstringbuffer::tvstringbuffer;
   using tvstringbuffer::operator=;
 };
 
