@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <thread>
-
 #include "tests/Failure.h"
 #include "tests/components/Components.h"
 
@@ -76,59 +74,13 @@ TEST(LoadedLibrary, SharesItsProtocols) {
   directory()->rebind("former", new StringObject("no protocol"));
   directory()->unbind("unbound");
   for (std::string const wrong : {"none", "components.flow", "former", "unbound"})
-    EXPECT_EQ(failureOf<NamingException>([&] { directory()->lookupOutputProtocol(wrong.c_str()); }).text,
-              "Device not available at " + wrong);
+    EXPECT_FAILURE(NamingException, directory()->lookupOutputProtocol(wrong.c_str()),
+                   "Device not available at " + wrong);
   for (char const *name : {"protocol", "former"}) directory()->unbind(name);
 }
 
 TEST(LoadedLibrary, FindsTheRuntimeAtWorkBeforeItsOwnStaticObjectsAreMade) {
   EXPECT_EQ(directory()->lookup("components.text")->toString(), runtimeAtWork());
-}
-
-struct OrderIdentifier : MessageIdentifier {
-  DataObject *identifyMessage(InputSource &) override { return new examples::Order; }
-};
-
-// What one host thread makes of some messages, with a router, contexts and components of its own.
-std::string processMessages() {
-  auto *const service = new MessageIdentificationService;
-  service->registerMessageIdentifer(new OrderIdentifier);
-  MessageRouter router(service);
-  auto *const configuration = new MessageConfiguration;
-  configuration->setContextProperty(TransformContext::INPUT_FORMAT_PROPERTY, "components.input");
-  router.addMessageConfiguration(configuration);
-  std::string texts;
-  for (int i = 0; i < 20; ++i) {
-    TransformContext context;
-    context.createOutputContext();
-    StringInputSource input("A-" + intToString(i) + " 100");
-    input.setStringProperty("replyTo", "desk");
-    router.processMessage(input, context);
-    SmartPtr<INormalizedObjectMappingFormat> const mapping =
-        directory()->lookupNormalizedObjectMappingFormat("components.normalizedMapping");
-    SmartPtr<DataObject> const mapped = mapping->map(nullptr, context);
-    IOutputProtocol *const protocol = directory()->lookupOutputProtocol("components.protocol");
-    DeviceInfo info("device", "", "");
-    tvstring const xml = context.getProperty("xml") + mapped->getMetaInfo()->getName();
-    protocol->createDevice(info, context)->write(xml.data(), static_cast<int>(xml.length()));
-    texts += context.getOutputContext()->getOutputDevice("device")->getAsString();
-    texts += str(directory()->getMessages().toString()) + str(input.toString());
-    texts += failureOf<TransformRuntimeException>([&] { mapped->getField("none"); }).text;
-    texts += failureOf<NamingException>([&] { directory()->lookupMessage("none"); }).text;
-  }
-  return texts;
-}
-
-// The report of a data race, if there is one, is the thread sanitizer's.
-TEST(Threads, ShareTheDirectoryAndTheMetadata) {
-  std::string texts[2];
-  {
-    std::thread first([&] { texts[0] = processMessages(); }), second([&] { texts[1] = processMessages(); });
-    first.join();
-    second.join();
-  }
-  EXPECT_EQ(texts[0], texts[1]);
-  EXPECT_NE(texts[0].find("<OrderID>A-19</OrderID>"), std::string::npos) << texts[0].substr(0, 1000);
 }
 
 }  // namespace

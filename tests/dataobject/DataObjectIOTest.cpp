@@ -159,7 +159,7 @@ TEST(DataObjectIO, FixedWidthsAndDatesReadBack) {
   EXPECT_TRUE(std::signbit(DataObjectIO::readDoubleBigEndian(buffer)));
   EXPECT_EQ(DataObjectIO::readCompactDateTime(buffer, true, false), DateTime(2026, 11, 21, 0, 0, 0, 0));
   EXPECT_EQ(DataObjectIO::readCompactDateTime(buffer, false, true), DateTime(1970, 1, 1, 20, 5, 30, 7));
-  EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::readIntBigEndian(buffer); }).text, "Out of bounds");
+  EXPECT_FAILURE(TransformException, DataObjectIO::readIntBigEndian(buffer), "Out of bounds");
 }
 
 TEST(DataObjectIO, StringsOfAnyBytesReadBack) {
@@ -252,14 +252,14 @@ TEST(DataObjectIO, NestedRecordsNeedAnObjectToReadInto) {
   EXPECT_EQ(full->leg->getRatio(), 7);
   EXPECT_TRUE(full->leg->isNull(GeneratedLeg::PRICE));
   // Nothing is read without one, so that the stream no longer fits.
-  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { DataObjectIO::parse(empty.get(), bytes(stored)); }).text,
-            "Field at index 1 not defined");
+  EXPECT_FAILURE(FieldNotFoundException, DataObjectIO::parse(empty.get(), bytes(stored)),
+                 "Field at index 1 not defined");
 
   SmartPtr<DataObject> const generic = newOrder(Form::GENERIC);
   DataObjectIO::parse(generic.get(), bytes("100102000000070000"));
   EXPECT_EQ(hexOf(generic.get()), "100102000000070000");
-  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { DataObjectIO::parse(generic.get(), bytes("1002000000")); }).text,
-            "Cannot add more than one element to this section");
+  EXPECT_FAILURE(FieldNotFoundException, DataObjectIO::parse(generic.get(), bytes("1002000000")),
+                 "Cannot add more than one element to this section");
 }
 
 TEST(DataObjectIO, BrokenStreamsFail) {
@@ -284,13 +284,13 @@ TEST(DataObjectIO, BrokenStreamsFail) {
         {"0901787800", "'m_apm_set_string', Non-digit char found in parse"}};
     for (auto const &[hex, text] : cases)
       EXPECT_EQ(failureOf<TransformException>([&, h = hex] { DataObjectIO::parse(order.get(), bytes(h)); }).text, text);
-    EXPECT_EQ(failureOf<FieldNotFoundException>([&] { DataObjectIO::parse(order.get(), bytes("FFFFFFFF0F")); }).text,
-              "Field at index -2 not defined");
-    EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::parse(order.get(), "", -1); }).text, END);
+    EXPECT_FAILURE(FieldNotFoundException, DataObjectIO::parse(order.get(), bytes("FFFFFFFF0F")),
+                   "Field at index -2 not defined");
+    EXPECT_FAILURE(TransformException, DataObjectIO::parse(order.get(), "", -1), END);
   }
   SmartPtr<DataObject> const order = newOrder(Form::GENERIC);
-  EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::parse(order.get(), bytes("11016100")); }).text,
-            "Cannot convert 'a' to ISODateTime");
+  EXPECT_FAILURE(TransformException, DataObjectIO::parse(order.get(), bytes("11016100")),
+                 "Cannot convert 'a' to ISODateTime");
   // Left over bytes are found when the record is filled already.
   SmartPtr<GeneratedOrder> const filled(new GeneratedOrder);
   EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::parse(filled.get(), bytes("050000000700FF")); }).source,
@@ -316,7 +316,7 @@ TEST(DataObjectIO, NestsFiveHundredDeep) {
   EXPECT_EQ(failure.source, "cpp/DataObjectIO");
   ByteBuffer out;
   out.append('x');
-  EXPECT_EQ(failureOf<TransformException>([&] { DataObjectIO::write(node.get(), out); }).text, "Nesting too deep");
+  EXPECT_FAILURE(TransformException, DataObjectIO::write(node.get(), out), "Nesting too deep");
   EXPECT_EQ(out.length(), 1);
 }
 

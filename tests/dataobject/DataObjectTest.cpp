@@ -1,10 +1,14 @@
 #include <gmock/gmock.h>
 
 #include <memory>
+#include <stdexcept>
 
 #include "examples/messages/GeneratedOrder.h"
+#include "tavrone/dataobject/DataObjectSectionImpl.h"
 #include "tavrone/dataobject/GenericDataObject.h"
 #include "tavrone/dataobject/MetaInfo.h"
+#include "tavrone/dataobject/SectionHelper.h"
+#include "tests/Cases.h"
 #include "tests/Failure.h"
 #include "tests/dataobject/Orders.h"
 
@@ -33,10 +37,9 @@ TEST(AbstractDataObject, FieldsStartNullAndReadThroughTheHooks) {
   IntObject untouched(7);
   EXPECT_FALSE(order->getField(GeneratedOrder::QUANTITY, untouched));
   EXPECT_EQ(untouched.getValue(), 7);
-  EXPECT_EQ(failureOf<FieldNullException>([&] { order->getPrice(); }).text,
-            "Attempt to access field 'Price' with null value");
-  EXPECT_EQ(failureOf<FieldNullException>([&] { order->assertNotNull(GeneratedOrder::PRICE); }),
-            "cpp/AbstractDataObject:160:Not-null check failed. The field 'Price' has null value");
+  EXPECT_FAILURE(FieldNullException, order->getPrice(), "Attempt to access field 'Price' with null value");
+  EXPECT_FAILURE(FieldNullException, order->assertNotNull(GeneratedOrder::PRICE),
+                 "cpp/AbstractDataObject:160:Not-null check failed. The field 'Price' has null value");
 
   order->setField("Price", IntObject(412));
   EXPECT_EQ(order->getFieldVal("Price")->toString(), "412.0");
@@ -58,16 +61,12 @@ TEST(AbstractDataObject, WrongIndexesNamesAndTypesFail) {
   SmartPtr<GeneratedOrder> const order(new GeneratedOrder);
   for (int index : {15, -1}) {
     std::string const text = "Field index out of bounds - " + std::to_string(index);
-    EXPECT_EQ(failureOf<FieldNotFoundException>([&] { order->getField(index); }), "cpp/AbstractDataObject:219:" + text);
-    EXPECT_EQ(failureOf<FieldNotFoundException>([&] { order->setField(index, IntObject(1)); }),
-              "cpp/AbstractDataObject:223:" + text);
+    EXPECT_FAILURE(FieldNotFoundException, order->getField(index), "cpp/AbstractDataObject:219:" + text);
+    EXPECT_FAILURE(FieldNotFoundException, order->setField(index, IntObject(1)), "cpp/AbstractDataObject:223:" + text);
   }
-  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { order->setNull("Prise"); }).text,
-            "Field with name Prise not defined");
-  EXPECT_EQ(failureOf<TransformException>([&] { order->setField("Price", StringObject("1")); }).text,
-            "Cannot convert String to Double");
-  EXPECT_EQ(failureOf<TransformException>([&] { order->createSectionElement("Text", nullptr); }).text,
-            "No section with name 'Text'.");
+  EXPECT_FAILURE(FieldNotFoundException, order->setNull("Prise"), "Field with name Prise not defined");
+  EXPECT_FAILURE(TransformException, order->setField("Price", StringObject("1")), "Cannot convert String to Double");
+  EXPECT_FAILURE(TransformException, order->createSectionElement("Text", nullptr), "No section with name 'Text'.");
   order->setPrice(1);
   EXPECT_THAT(failureOf<ClassCastException>([&] { order->getSection("Price"); }).text,
               testing::HasSubstr("DoubleObject"));
@@ -90,8 +89,7 @@ TEST(AbstractDataObject, CopiesKeepFlagsButNoReferencesAndNoParent) {
   EXPECT_EQ(other->getOrderID(), "A1");
   order->reset();
   EXPECT_TRUE(order->isEmpty());
-  EXPECT_EQ(order->getLegs().getElementCount(), 0);
-  EXPECT_EQ(other->getLegs().getElementCount(), 1);
+  EXPECT_EQ(words(order->getLegs().getElementCount(), other->getLegs().getElementCount()), "0 1");
   addLeg(*order, "Symbol", StringObject("ACME"));
   EXPECT_FALSE(order->isEmpty());
   order->getLegs().getElement(0)->setNull("Symbol");  // an element without a value leaves the record empty
@@ -108,9 +106,9 @@ TEST(GenericDataObject, StoresClonesAndReleasesTheOld) {
   EXPECT_NE(order->getFieldCheckNullVal(0).get(), order->getFieldCheckNull(0));
   EXPECT_EQ(first->toString(), "A2");
   order->setField(0, nullptr);
-  EXPECT_EQ(failureOf<FieldNullException>([&] { order->getFieldCheckNull(0); }),
-            "cpp/GenericDataObject:87:Attempt to access field 'OrderID' with NULL value");
-  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { order->isNull(4); }).text, "No valid field at index 4 for Root");
+  EXPECT_FAILURE(FieldNullException, order->getFieldCheckNull(0),
+                 "cpp/GenericDataObject:87:Attempt to access field 'OrderID' with NULL value");
+  EXPECT_FAILURE(FieldNotFoundException, order->isNull(4), "No valid field at index 4 for Root");
 }
 
 TEST(GenericDataObject, SectionsComeIntoBeingOnFirstAccess) {
@@ -119,20 +117,18 @@ TEST(GenericDataObject, SectionsComeIntoBeingOnFirstAccess) {
   EXPECT_EQ(order->getSection(2), legs);
   addLeg(*order, "Symbol", StringObject("ACME"));
   EXPECT_EQ(legs->getElement(0)->getQualifiedName(0), "Legs.Symbol");
-  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { legs->getElement(0)->setNull(9); }).text,
-            "No valid field at index 9 for Legs");
+  EXPECT_FAILURE(FieldNotFoundException, legs->getElement(0)->setNull(9), "No valid field at index 9 for Legs");
   order->setField(2, SectionObject(*legs));
   EXPECT_EQ(order->getSection(2)->getElementCount(), 1);
-  EXPECT_EQ(failureOf<FieldTypeMismatchException>([&] { order->getSection("OrderID"); }).text,
-            "OrderID is not a section");
-  EXPECT_EQ(failureOf<FieldTypeMismatchException>([&] { order->createSectionElement("Stamp", nullptr); }),
-            "cpp/GenericDataObject:215:Stamp is not a section");
+  EXPECT_FAILURE(FieldTypeMismatchException, order->getSection("OrderID"), "OrderID is not a section");
+  EXPECT_FAILURE(FieldTypeMismatchException, order->createSectionElement("Stamp", nullptr),
+                 "cpp/GenericDataObject:215:Stamp is not a section");
 
   DataObjectSection *owner = order->getSection("Owner");
   SmartPtr<DataObject> const one(owner->createElement());
   owner->addElement(one.get());
-  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { owner->addElement(one.get()); }).text,
-            "Cannot add more than one element to this section");
+  EXPECT_FAILURE(FieldNotFoundException, owner->addElement(one.get()),
+                 "Cannot add more than one element to this section");
 }
 
 TEST(GenericDataObject, CopiesHaveSectionsOfTheirOwn) {
@@ -150,6 +146,146 @@ TEST(GenericDataObject, CopiesHaveSectionsOfTheirOwn) {
   EXPECT_EQ(copy->getSection("Legs")->getParent(), nullptr);
   copy->setNull("Legs");
   EXPECT_EQ(copy->getSection("Legs")->getElementCount(), 0);
+}
+
+using examples::GeneratedLeg;
+using examples::GeneratedOrder;
+
+struct Section : testing::Test {
+  ~Section() noexcept override = default;
+
+  SmartPtr<GeneratedOrder> order{new GeneratedOrder};
+  DataObjectSectionImpl &legs = order->getLegs();
+};
+
+TEST_F(Section, CreatedElementsAreNotYetAdded) {
+  SmartPtr<DataObject> const leg(legs.createElement());
+  EXPECT_EQ(leg->getParentSection(), &legs);
+  EXPECT_EQ(legs.getElementCount(), 0);
+  legs.addElement(leg.get());
+  EXPECT_EQ(words(legs.getElementIndex(leg.get()), legs.getElementIndex(order.get())), "0 -1");
+  DataObjectSectionImpl orphan;
+  EXPECT_EQ(failureOf<ClassCastException>([&] { orphan.createElement(); }).text.rfind("Cannot cast NULL to ", 0), 0u);
+  EXPECT_EQ(orphan.getRootDataObject(), nullptr);
+}
+
+TEST_F(Section, RefusesElementsOfAnotherParentUnlessToldNotToLook) {
+  SmartPtr<GeneratedLeg> const stray(new GeneratedLeg);
+  EXPECT_FAILURE(IllegalArgumentException, legs.addElement(stray.get()),
+                 "cpp/DataObjectSectionImpl:137:The parent of the element added is not this section");
+  legs.addElement(stray.get(), false);
+  EXPECT_EQ(legs.getElementCount(), 1);
+}
+
+TEST_F(Section, AccessOutsideFails) {
+  EXPECT_FAILURE(FieldNotFoundException, legs.getElement(2),
+                 "Error accessing element of section Legs. Section index out of bound, size = 0, index accessed = 2");
+  EXPECT_FAILURE(FieldNotFoundException, legs.removeLastElement(),
+                 "Error accessing last element of section Legs. Section index out of bound, size = 0");
+  for (int i = 0; i < 3; ++i) addLeg(*order, i);
+  for (int index : {3, -1}) EXPECT_THROW(legs.getElement(index), std::out_of_range) << index;
+  std::pair<int, char const *> const cases[] = {
+      {3, "ex out of bounds "}, {-1, "Index out of bounds "}, {6, "out of bounds "}, {20, ""}, {1000, ""}};
+  for (auto const &[index, text] : cases)
+    EXPECT_EQ(failureOf<FieldNotFoundException>([&, i = index] { legs.removeElement(i); }).text, text);
+  EXPECT_TRUE(legs.removeElement(1));
+  EXPECT_EQ(legs.getElement(1)->getFieldVal("Ratio")->getInt(), 2);
+  legs.removeLastElement();
+  EXPECT_EQ(legs.getElementCount(), 1);
+}
+
+TEST_F(Section, OnlyAssertConstraintsLooksAtTheLimits) {
+  DataObjectSectionImpl rows(order.get(), "Legs", 1, 0);
+  auto const check = [&rows] { rows.assertConstraints(); };
+  EXPECT_EQ(failureOf<SectionConstraintException>(check),
+            "cpp/AbstractDataObjectSection:54:The number of elements in the section 'Legs' is less than '1'.");
+  SmartPtr<DataObject> const leg(rows.createElement());
+  rows.addElement(leg.get());
+  EXPECT_EQ(failureOf<SectionConstraintException>(check),
+            "cpp/AbstractDataObjectSection:59:The number of elements (Legs) in the section '0' is greater than {2}.");
+  rows.initialize(order.get(), "Legs", 1, -1);
+  EXPECT_NO_THROW(check());
+}
+
+TEST_F(Section, ClonesHaveNoParentAndElementsOfTheirOwn) {
+  DataObject *original = addLeg(*order, 7);
+  std::unique_ptr<DataObjectSection> const copy(legs.clone());
+  EXPECT_EQ(copy->getName(), "Legs");
+  EXPECT_EQ(copy->getParent(), nullptr);
+  EXPECT_NE(copy->getElement(0), original);
+  EXPECT_EQ(copy->getElement(0)->getParentSection(), copy.get());
+  EXPECT_EQ(copy->getElement(0)->getFieldVal("Ratio")->getInt(), 7);
+}
+
+TEST_F(Section, AssignSharesTheElements) {
+  DataObject *leg = addLeg(*order, 7);
+  SmartPtr<GeneratedOrder> other(new GeneratedOrder);
+  DataObjectSection::assign(&other->getLegs(), &legs);
+  EXPECT_EQ(other->getLegs().getElement(0), leg);
+  EXPECT_EQ(legs.getElement(0), leg);
+  EXPECT_EQ(leg->getRootDataObject(), other.get());
+  SmartPtr<DataObject> const held(leg);  // outlives both sections
+  order = SmartPtr<GeneratedOrder>();
+  other = SmartPtr<GeneratedOrder>();
+  EXPECT_EQ(held->getParentSection(), nullptr);
+  EXPECT_EQ(held->getQualifiedName(1), "Ratio");
+}
+
+TEST_F(Section, TakesTheElementsOfASectionInsideItsOwn) {
+  for (bool copies : {false, true}) {
+    DataObjectSectionImpl outer(nullptr, "Outer", 0, -1);
+    SmartPtr<GeneratedOrder> inner(new GeneratedOrder(&outer));
+    outer.addElement(inner.get());
+    DataObjectSectionImpl &rows = inner->getLegs();
+    for (int i = 0; i < 3; ++i) rows.addElement(SmartPtr<DataObject>(rows.createElement()).get());
+    inner.release();
+    if (copies)
+      outer.copy(rows, nullptr);
+    else
+      DataObjectSection::assign(&outer, &rows);
+    ASSERT_EQ(outer.getElementCount(), 3);
+    EXPECT_EQ(outer.getElement(2)->getParentSection(), &outer);
+  }
+}
+
+TEST_F(Section, SingleFormHoldsAtMostOne) {
+  DataObjectSingleElementSectionImpl owner(order.get(), "Owner", 0, 1);
+  EXPECT_TRUE(owner.removeElement(0) && !owner.removeElement(1));
+  EXPECT_FAILURE(FieldNotFoundException, owner.removeLastElement(),
+                 "Error accessing last element of section Owner. Section index out of bounds, size = 0");
+  SmartPtr<GeneratedLeg> const leg(new GeneratedLeg);
+  owner.addElement(leg.get());
+  EXPECT_FAILURE(FieldNotFoundException, owner.getElement(1),
+                 "Error accessing element of section Owner. Section index out of bound, size = 0, index accessed = 1");
+  EXPECT_EQ(owner.getElementIndex(leg.get()), 0);
+  std::unique_ptr<DataObjectSection> const copy(owner.clone());
+  EXPECT_EQ(copy->getElementCount(), 1);
+  owner.clear();
+  EXPECT_EQ(owner.getElementCount(), 0);
+}
+
+TEST(SectionHelper, TurnsFailuresIntoThoseOfFormulas) {
+  ClassCastException cast("c");
+  FieldTypeMismatchException type("t");
+  InternalError boom("boom");
+  std::pair<Exception *, char const *> const cases[] = {
+      {&cast, "Field 'Price' is not of specified type."},
+      {&type, "Field 'Price' is not of specified type."},
+      {&boom, "Unexpected error during formula evaluation ; nested exception is: \n\tboom"},
+      {nullptr, "Unexpected error during formula evaluation ; nested exception is: \n\t"}};
+  for (auto const &[failure, text] : cases)
+    EXPECT_EQ(failureOf<TransformRuntimeException>([f = failure] {
+                SectionHelper::handleFieldAccessException("Price", f);
+              }).text,
+              text);
+  FieldNullException null("n");
+  FieldNotFoundException unknown("u");
+  EXPECT_FAILURE(FieldNotFoundException, SectionHelper::handleFieldAccessException(3, &unknown), "u");
+  EXPECT_FAILURE(FieldNullException, SectionHelper::handleFieldAccessException(3, &null), "n");
+  EXPECT_FAILURE(TransformRuntimeException, SectionHelper::handleFieldAccessException(3, &cast),
+                 "Field at index '3' is not of specified type.");
+  DataObjectSectionImpl none;
+  EXPECT_EQ(SectionHelper::getFieldIndex(&none, "Price"), -1);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 
 #include "tavrone/core/DesignerTypes.h"
 #include "tavrone/core/Exceptions.h"
@@ -18,8 +17,7 @@ char const *TYPES[] = {"Integer", "Price", "Section", "DataObject"};
 TEST(MetaInfo, TablesGiveFieldsAndSections) {
   DataObjectMetaInfo const type("T", NAMES, TYPES, 4, {1});
   EXPECT_EQ(type.getFieldMetaInfo(1)->getKind(), FieldKind::OTHER);
-  EXPECT_FALSE(type.isSection(0));
-  EXPECT_TRUE(type.getFieldMetaInfo(0)->isOptional());
+  EXPECT_TRUE(!type.isSection(0) && type.getFieldMetaInfo(0)->isOptional());
   for (int section : {2, 3}) {
     auto const *field = dynamic_cast<SectionMetaInfo const *>(type.getFieldMetaInfo(section));
     ASSERT_NE(field, nullptr);
@@ -35,9 +33,9 @@ TEST(MetaInfo, TablesGiveFieldsAndSections) {
 TEST(MetaInfo, UnknownFieldsFailOrGiveMinusOne) {
   DataObjectMetaInfo const type("T", NAMES, TYPES, 4);
   EXPECT_EQ(type.getFieldIndexIfExists("b"), -1);
-  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { type.getFieldIndex("b"); }).text, "Field with name b not defined");
-  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { type.getFieldName(4); }).text, "Field at index 4 not defined");
-  EXPECT_EQ(failureOf<FieldNotFoundException>([&] { type.isSection(-1); }).text, "Field at index -1 not defined");
+  EXPECT_FAILURE(FieldNotFoundException, type.getFieldIndex("b"), "Field with name b not defined");
+  EXPECT_FAILURE(FieldNotFoundException, type.getFieldName(4), "Field at index 4 not defined");
+  EXPECT_FAILURE(FieldNotFoundException, type.isSection(-1), "Field at index -1 not defined");
   DataObjectMetaInfo const none("None", nullptr, nullptr, 0);
   EXPECT_EQ(none.getFieldCount(), 0);
 }
@@ -49,8 +47,7 @@ TEST(MetaInfo, DerivedTypesGoOnBehindTheParentAndTheFirstOfANameWins) {
   DataObjectMetaInfo const type("D", &parent, own, ownTypes, 2, {1});
   EXPECT_EQ(type.getFieldName(2), "c");
   EXPECT_EQ(type.getFieldMetaInfo(3)->getIndex(), 3);
-  EXPECT_TRUE(type.isSynthesized(3));
-  EXPECT_FALSE(type.isSynthesized(1));
+  EXPECT_TRUE(type.isSynthesized(3) && !type.isSynthesized(1));
   EXPECT_EQ(type.getFieldIndex("a"), 0);
 }
 
@@ -82,8 +79,7 @@ TEST(FieldMetaInfo, KeepsItsNameAndRefusesTheIndexMinusOne) {
   EXPECT_EQ(field.getName().data(), FieldMetaInfo("transient", "String", true).getName().data());
   field.setIndex(3);
   field.setIndex(5);
-  EXPECT_EQ(failureOf<TransformException>([&] { field.setIndex(-1); }).text,
-            "Index fo the field transient is already set");
+  EXPECT_FAILURE(TransformException, field.setIndex(-1), "Index fo the field transient is already set");
   EXPECT_EQ(field.getIndex(), 5);
 }
 

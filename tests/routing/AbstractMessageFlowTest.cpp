@@ -7,12 +7,9 @@ namespace {
 // Walks through the texts of its inputs.
 struct Flow : AbstractMessageFlow {
   Flow() : AbstractMessageFlow("flow") { addOutputPort("port", "protocol", "device"); }
-  using AbstractMessageFlow::ensureVariableNotNull;
-  using AbstractMessageFlow::getDefaultTransformContext;
-  using AbstractMessageFlow::getTransformContext;
-  using AbstractMessageFlow::handleException;
-  using AbstractMessageFlow::handleExceptionResult;
-  using AbstractMessageFlow::invokeCustomExternalClass;
+  using AbstractMessageFlow::ensureVariableNotNull, AbstractMessageFlow::getDefaultTransformContext,
+      AbstractMessageFlow::getTransformContext, AbstractMessageFlow::handleException,
+      AbstractMessageFlow::handleExceptionResult, AbstractMessageFlow::invokeCustomExternalClass;
 
   SmartPtr<DataObject> execute(SmartPtr<DataObject> const &object, TransformContext &context) override {
     EXPECT_EQ(&getTransformContext(), &context);
@@ -96,18 +93,17 @@ TEST(MessageFlow, LooksANameUpOnceForAllKinds) {
 
 TEST(MessageFlow, PassesOnWhatItsActivitiesMeet) {
   Flow flow;
-  EXPECT_EQ(failureOf<FieldParsingException>([&] { flow.ensureVariableNotNull(0); }).text,
-            "Variable 'Text' cannot be null.");
+  EXPECT_FAILURE(FieldParsingException, flow.ensureVariableNotNull(0), "Variable 'Text' cannot be null.");
   flow.variables.set<"Text">("");
   flow.ensureVariableNotNull(0);
   ClassNotFoundException plain("plain");
-  EXPECT_EQ(failureOf<Exception>([&] { flow.handleException(plain); }).text, "plain");
+  EXPECT_FAILURE(Exception, flow.handleException(plain), "plain");
   FieldNotFoundException first("first"), second("second");
-  EXPECT_EQ(failureOf<TransformException>([&] { flow.handleException(first); }).text, "first");
+  EXPECT_FAILURE(TransformException, flow.handleException(first), "first");
   std::vector<ExceptionDataObject *> failures;
   flow.handleExceptionResult(failures);
   failures = {&first, &second};
-  EXPECT_EQ(failureOf<TransformException>([&] { flow.handleExceptionResult(failures); }).text, "first");
+  EXPECT_FAILURE(TransformException, flow.handleExceptionResult(failures), "first");
 }
 
 struct Echo : IInvokable {

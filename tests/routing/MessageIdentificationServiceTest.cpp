@@ -64,8 +64,8 @@ TEST(MessageIdentificationService, RefusesClassesThatAreNoIdentifiers) {
   std::string const target = typeid(MessageIdentifier).name();
   EXPECT_EQ(failure("test.Null"), "Cannot cast NULL to " + target);
   EXPECT_EQ(failure("test.Format"), "Cannot cast " + std::string(typeid(TestFormat).name()) + "* to " + target);
-  EXPECT_EQ(failureOf<TransformException>([&] { service.registerMessageIdentifer("test.Unknown"); }),
-            "cpp/UserClassManager:28:Class not found test.Unknown");
+  EXPECT_FAILURE(TransformException, service.registerMessageIdentifer("test.Unknown"),
+                 "cpp/UserClassManager:28:Class not found test.Unknown");
   EXPECT_EQ(TestIdentifier::alive, 0);
   service.registerMessageIdentifer("test.Identifier");
   EXPECT_EQ(TestIdentifier::alive, 1);

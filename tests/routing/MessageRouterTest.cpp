@@ -1,5 +1,3 @@
-#include "tavrone/routing/MessageRouter.h"
-
 #include <gmock/gmock.h>
 
 #include "tests/routing/Routing.h"
@@ -122,8 +120,7 @@ TEST_F(MessageRouterTest, OwnsEveryServiceButTheDefaultOne) {
     other.clearMessageIdentificationService();
     EXPECT_EQ(TestIdentifier::alive, before);
     ByteArrayInputSource input{Binary()};
-    EXPECT_EQ(failureOf<TransformException>([&] { other.processMessage(input); }).text,
-              "No message identification service is set");
+    EXPECT_FAILURE(TransformException, other.processMessage(input), "No message identification service is set");
     other.setMessageIdentificationService(serviceWith(new TestIdentifier));
   }
   EXPECT_EQ(TestIdentifier::alive, before);
@@ -134,6 +131,37 @@ TEST_F(MessageRouterTest, OwnsEveryServiceButTheDefaultOne) {
   }
   ByteArrayInputSource input{Binary("?", 1)};
   EXPECT_EQ(MessageIdentificationService::getDefault()->identifyMessage(input), nullptr);
+}
+
+TEST(MessageConfiguration, ComparesExactlyAndOnlyWhatIsSet) {
+  SmartPtr<TestHeader> const header =
+      new TestHeader({{"MessageFormat", "FIX"}, {"MessageType", "D"}, {"Desk", "7"}, {"Null", "null"}});
+  struct {
+    char const *format, *version, *type, *property, *value;
+    bool match;
+  } const cases[] = {{"", "", "", "", "", true},           {"FIX", "", "D", "", "", true},
+                     {"fix", "", "", "", "", false},       {"FI", "", "", "", "", false},
+                     {"FIX.", "", "", "", "", false},      {"*", "", "", "", "", false},
+                     {"", "4.2", "", "", "", false},       {"", "", "8", "", "", false},
+                     {"", "", "", "Desk", "7", true},      {"", "", "", "Desk", "7 ", false},
+                     {"", "", "", "Desk", "", false},      {"", "", "", "Null", "", true},
+                     {"", "", "", "Absent", "", true},     {"", "", "", "Absent", "7", false},
+                     {"FIX", "", "D", "Desk", "8", false}, {"FIX", "4.2", "D", "Desk", "7", false}};
+  for (auto const &c : cases) {
+    MessageConfiguration configuration;
+    configuration.setMessageFormat(c.format);
+    configuration.setMessageVersion(c.version);
+    configuration.setMessageType(c.type);
+    if (*c.property != '\0') {
+      configuration.setProperty(c.property, "replaced");
+      configuration.setProperty(c.property, c.value);
+    }
+    header->reads.clear();
+    EXPECT_EQ(MessageConfiguration(configuration).isMatch(header.get()), c.match)
+        << c.format << '/' << c.version << '/' << c.type << '/' << c.property << '=' << c.value;
+  }
+  // The last case ended at its first difference.
+  EXPECT_EQ(header->reads, (std::map<tvstring, int>{{"MessageFormat", 1}, {"MessageVersion", 1}}));
 }
 
 }  // namespace

@@ -4,15 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "tavrone/context/UserClassManager.h"
-#include "tavrone/core/Raise.h"
-#include "tavrone/core/Wrappers.h"
-#include "tavrone/dataobject/GenericDataObject.h"
-#include "tavrone/dataobject/MetaInfo.h"
-#include "tavrone/pipeline/IInputFormat.h"
-#include "tavrone/pipeline/InputSources.h"
-#include "tavrone/routing/MessageRouter.h"
+#include "tavrone/tavrone.h"
 #include "tests/Failure.h"
+#include "tests/Tracked.h"
 
 namespace tavrone {
 
@@ -45,10 +39,7 @@ struct TestHeader : GenericDataObject {
 };
 
 // Answers with a header whose "MessageType" is the payload, or with null to an empty payload.
-struct TestIdentifier : MessageIdentifier {
-  TestIdentifier() { ++alive; }
-  ~TestIdentifier() noexcept(false) override { --alive; }
-
+struct TestIdentifierBase : MessageIdentifier {
   DataObject *identifyMessage(InputSource &input) override {
     int length = 0;
     char const *bytes = input.getAsBytes(length);
@@ -58,10 +49,10 @@ struct TestIdentifier : MessageIdentifier {
   }
   void setProperty(tvstring const &name, tvstring const &value) override { properties[name] = value; }
 
-  static inline int alive = 0;
   int asked = 0;
   Properties properties;
 };
+using TestIdentifier = Tracked<TestIdentifierBase>;
 
 // Notes what it was handed; fails with a warning on the payload "fail".
 struct TestFormat : IInputFormat {

@@ -1,5 +1,6 @@
 #include <functional>
 
+#include "tests/Cases.h"
 #include "tests/Tracked.h"
 #include "tests/core/AllocationCount.h"
 #include "tests/pipeline/Walk.h"
@@ -67,12 +68,12 @@ TEST(Triggers, KeepNoTriggerThatFails) {
   registerClass<NoTrigger>("test.NoTrigger");
   UserClassManager::registerClass("test.NullTrigger", new NullFactory);
   for (std::string const name : {"test.NoTrigger", "test.NullTrigger"})
-    EXPECT_EQ(failureOf<TransformException>([&] { OneTrigger(name.c_str()).onNewMessage(nullptr, none); }),
-              "cpp/Triggers:35:Not a valid trigger class - '" + name + "'.");
+    EXPECT_FAILURE(TransformException, OneTrigger(name.c_str()).onNewMessage(nullptr, none),
+                   "cpp/Triggers:35:Not a valid trigger class - '" + name + "'.");
   OneTrigger triggers;
   triggers.context.addProperty("fail", "first");
   triggers.context.addProperty("fail", "second");
-  EXPECT_EQ(failureOf<TransformException>([&] { triggers.onNewMessage(nullptr, none); }).text, "first");
+  EXPECT_FAILURE(TransformException, triggers.onNewMessage(nullptr, none), "first");
   EXPECT_EQ(triggers.context.getTriggerObject(), nullptr);
   EXPECT_EQ(TestTrigger::alive + NoTrigger::alive, 0);
   tvstring value("kept");
@@ -163,8 +164,7 @@ TEST_F(RouterTriggers, HandAMessageOnWithItsOutputAndWithoutItsProperties) {
     ASSERT_EQ(handled(*first, "c*", context).substr(0, 21), "stop/Internal Message") << "fails in the second message";
     ASSERT_EQ(handled(*first, "d", none), "The transform context cannot accept outp");
   }
-  EXPECT_EQ(second.made * 100 + mapping.made * 10 + output.made, 111);
-  EXPECT_EQ(Tracked<Line>::alive, 0);
+  EXPECT_EQ(words(second.made * 100 + mapping.made * 10 + output.made, Tracked<Line>::alive), "111 0");
   EXPECT_EQ(context.getOutputContext()->getRefCount(), 2) << "no trigger keeps it";
 }
 
@@ -206,16 +206,15 @@ TEST_F(RouterTriggers, FailWhereTheyAreNotConfigured) {
     EXPECT_EQ(failureOf<TransformException>(event),
               "cpp/RouterTrigger:16:RouterTrigger: Output format is not configured (null)");
   Properties properties;
-  EXPECT_EQ(failureOf<TransformException>([&] { router.context.getTriggerObject()->execute(properties); }),
-            "cpp/RouterTrigger:11:Nothing to execute");
+  EXPECT_FAILURE(TransformException, router.context.getTriggerObject()->execute(properties),
+                 "cpp/RouterTrigger:11:Nothing to execute");
   auto const start = [&] { internal.handleBatchStart(none); };
   EXPECT_EQ(failureOf<TransformException>(start).text, "Property internalmapping.format not found");
   internal.context.addProperty("internalmapping.format", "test.mapping");
   InternalRouterTrigger trigger;
   directory->unbind("test.second");
   for (int i = 0; i < 2; ++i)
-    EXPECT_EQ(failureOf<NamingException>([&] { trigger.setContext(&internal.context); }).text,
-              "Unable to lookup 'test.second'");
+    EXPECT_FAILURE(NamingException, trigger.setContext(&internal.context), "Unable to lookup 'test.second'");
   EXPECT_EQ(mapping.made, 2) << "neither of the two is kept alone";
 }
 
