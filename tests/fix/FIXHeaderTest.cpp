@@ -1,13 +1,8 @@
-#include "tavrone/fix/FIXHeader.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <iterator>
-
-#include "tavrone/core/Wrappers.h"
-#include "tavrone/routing/MessageConfiguration.h"
+#include "tavrone/tavrone.h"
 #include "tests/Failure.h"
+#include "tests/TagValueText.h"
 
 namespace tavrone {
 namespace {
@@ -17,7 +12,7 @@ TEST(FIXHeader, SplitsBeginStringAndCouplesTypes) {
   header.setBeginString("FIX.4.2");
   header.setMsgType("D");
   EXPECT_EQ(header.stringform(), "MessageFormat = FIX, Message Version = 4.2, Message Type = D");
-  EXPECT_EQ(failureOf<FIXParsingException>([&] { header.setBeginString("FIX"); }).text, "Illegal BeginString 'FIX'");
+  EXPECT_FAILURE(FIXParsingException, header.setBeginString("FIX"), "Illegal BeginString 'FIX'");
   EXPECT_EQ(header.getBeginString(), "FIX.4.2");
   header.setField("BeginString", StringObject("FIX"));
   EXPECT_EQ(header.getMessageVersion(), "4.2");
@@ -38,26 +33,12 @@ TEST(FIXHeader, IsMatchedByItsFieldsAndTheirFlags) {
 }
 
 TEST(FIXHeader, KeepsEachParsedFieldButSendingTime) {
-  char bytes[] =
-      "8=FIX.4.4\x01"
-      "9=12\x01"
-      "35=8\x01"
-      "35=D\x01"
-      "49=S\x01"
-      "56=T\x01"
-      "115=O\x01"
-      "128=V\x01"
-      "34=9\x01"
-      "50=s\x01"
-      "57=t\x01"
-      "52=20260105-09:30:15\x01"
-      "43=Y\x01"
-      "370=x\x01"
-      "60=x\x01"
-      "50=no\x01";
   FIXHeader header;
-  header.parseHeader(bytes, sizeof bytes - 1);
-  std::fill(std::begin(bytes), std::end(bytes), '#');
+  {
+    std::string const text = withSOH(
+        "8=FIX.4.4|9=12|35=8|35=D|49=S|56=T|115=O|128=V|34=9|50=s|57=t|52=20260105-09:30:15|43=Y|370=x|60=x|50=no|");
+    header.parseHeader(text.data(), static_cast<int>(text.size()));
+  }
   std::string shown;
   for (int i = 0; i < header.getFieldCount(); ++i) {
     SmartPtr<Object> const value(header.getField(i));
@@ -70,16 +51,42 @@ TEST(FIXHeader, KeepsEachParsedFieldButSendingTime) {
 }
 
 TEST(FIXHeader, OwnsWhatItReadBeforeAFailure) {
-  char bytes[] =
-      "8=FIX.4.4\x01"
-      "35=D\x01"
-      "34=x\x01"
-      "58=text\x01";
   FIXHeader header;
-  EXPECT_EQ(failureOf<TransformException>([&] { header.parseHeader(bytes, sizeof bytes - 1); }).text,
-            "[col 20] Cannot convert 'x' to int");
-  std::fill(std::begin(bytes), std::end(bytes), '#');
+  {
+    std::string const text = withSOH("8=FIX.4.4|35=D|34=x|58=text|");
+    EXPECT_FAILURE(TransformException, header.parseHeader(text.data(), static_cast<int>(text.size())),
+                   "[col 20] Cannot convert 'x' to int");
+  }
   EXPECT_EQ(header.stringform(), "MessageFormat = FIX, Message Version = 4.4, Message Type = D");
+}
+
+TEST(TagValueIdentifier, TheDefaultServiceKnowsBothFormatsByTheirFirstBytes) {
+  // The type is null for a message that nobody knows.
+  std::pair<char const *, char const *> const cases[] = {{"8=FIX.4.2|9=5|35=D|10=000|", "D"},
+                                                         {"8=FIX.|", ""},
+                                                         {"8=FI", nullptr},
+                                                         {"9=FIX.4.2|", nullptr},
+                                                         {"10001=Canonical1.0|10003=N|55=X|", ""},
+                                                         {"10001=Canonica", nullptr},
+                                                         {"", nullptr}};
+  for (auto const &[message, type] : cases) {
+    ByteArrayInputSource input(bytes(message));
+    SmartPtr<DataObject> const header(MessageIdentificationService::getDefault()->identifyMessage(input));
+    ASSERT_EQ(header.isNull(), type == nullptr) << message;
+    if (type != nullptr) {
+      EXPECT_EQ(dynamic_cast<MessageHeader &>(*header).getMessageType(), type);
+    }
+  }
+}
+
+TEST(TagValueIdentifier, NamesItsFormatAndLetsABadHeaderFail) {
+  EXPECT_EQ(FIXMessageIdentifier::getMessageFormat(), "FIX");
+  EXPECT_EQ(SIACCanonicalMessageIdentifier::getMessageFormat(), "Canonical");
+  ByteArrayInputSource number(bytes("8=FIX.4.2|9=five|")), tag(bytes("8=FIX.4.2|nine=5|"));
+  Failure failure = failureOf<TransformException>([&] { FIXMessageIdentifier().identifyMessage(number); });
+  EXPECT_EQ(failure.source + ':' + failure.text, "cpp/fix/FIXHeaderParser:[col 17] Cannot convert 'five' to int");
+  failure = failureOf<FIXParsingException>([&] { FIXMessageIdentifier().identifyMessage(tag); });
+  EXPECT_EQ(failure.source + ':' + failure.text, "cpp/fix/FIXHeaderParser:[col 17] Cannot convert 'nine' to int");
 }
 
 }  // namespace

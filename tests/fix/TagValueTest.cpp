@@ -3,14 +3,7 @@
 #include <climits>
 #include <functional>
 
-#include "tavrone/core/ObjectList.h"
-#include "tavrone/dataobject/Record.h"
-#include "tavrone/fix/FIXHeaderParser.h"
-#include "tavrone/fix/FIXInputParser.h"
-#include "tavrone/fix/FIXType.h"
-#include "tavrone/siaccanonical/SIACCanonicalHeaderParser.h"
-#include "tavrone/siaccanonical/SIACCanonicalInputParser.h"
-#include "tavrone/siaccanonical/SIACCanonicalType.h"
+#include "tavrone/tavrone.h"
 #include "tests/Cases.h"
 #include "tests/Failure.h"
 #include "tests/TagValueText.h"
@@ -117,7 +110,7 @@ TYPED_TEST(TagValue, GivesTheLastFieldHandedBackAndTellsWhatIsLeft) {
   EXPECT_THROW(tokens.next(pair), TransformException);
   EXPECT_EQ(words(pair.tag, tokens.getCurrentIndex()), "35 48");
   ASSERT_TRUE(tokens.next(pair));
-  EXPECT_EQ(failureOf<TransformException>([&] { pair.toInt(); }).text, "Cannot convert 'ok' to int");
+  EXPECT_FAILURE(TransformException, pair.toInt(), "Cannot convert 'ok' to int");
   tokens.assertEmpty();
   typename TypeParam::Tokenizer("", '|').assertEmpty();
 }
@@ -232,8 +225,8 @@ TYPED_TEST(TagValue, ReachesHeaderFieldsByIndexWithoutCoupling) {
   header.setField(number, nullptr);
   EXPECT_THROW(header.setField(number, StringObject("5")), TransformException);
   EXPECT_TRUE(header.isNull(number) && header.getField(number) == nullptr && !header.getField(number, value));
-  EXPECT_EQ(failureOf<FieldNullException>([&] { header.getFieldCheckNull(number); }).text,
-            "Attempt to access field '" + str(header.getFieldName(number)) + "' with NULL value");
+  EXPECT_FAILURE(FieldNullException, header.getFieldCheckNull(number),
+                 "Attempt to access field '" + str(header.getFieldName(number)) + "' with NULL value");
   EXPECT_EQ(copy.getFieldCheckNullVal(number)->getInt(), 5);
   EXPECT_EQ(str(header.getHeaderField("Unknown")), "");
   for (int index : {-1, number + 5, INT_MAX})
@@ -253,12 +246,8 @@ struct Walk : Format::Parser {
   using Base = typename Format::Parser;
   void parse(ExternalObject *, Binary const &, TransformContext &) override {}
   ExternalObject *parse(Binary const &, TransformContext &) override { return nullptr; }
-  using Base::assertConstraints;
-  using Base::assertNotNull;
-  using Base::assertSectionEmpty;
-  using Base::assertTagNew;
-  using Base::ensureNotNull;
-  using Base::missingTag;
+  using Base::assertConstraints, Base::assertNotNull, Base::assertSectionEmpty, Base::assertTagNew, Base::ensureNotNull,
+      Base::missingTag;
 };
 
 struct FIXWalk : Walk<FIX> {
@@ -267,8 +256,8 @@ struct FIXWalk : Walk<FIX> {
 
 TEST(FIXInputParser, LetsGeneratedParsersTellADuplicateTag) {
   Order order;
-  EXPECT_EQ(failureOf<FIXParsingException>([&] { FIXWalk().throwDuplicateTagException(&order, 0, 55); }).text,
-            "Duplicate Tag '55[Symbol]'.");
+  EXPECT_FAILURE(FIXParsingException, FIXWalk().throwDuplicateTagException(&order, 0, 55),
+                 "Duplicate Tag '55[Symbol]'.");
 }
 
 TYPED_TEST(TagValue, RaisesTheFailuresOfAWalk) {
