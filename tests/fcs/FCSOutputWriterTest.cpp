@@ -95,7 +95,7 @@ TEST(FCSOutputWriter, NeverChangesATextThatItHandedOut) {
 
 TEST(FCSOutputWriter, RethrowsFailures) {
   FCSParseException failure("bad");
-  EXPECT_EQ(failureOf<TransformException>([&] { Writer().handleException(failure, nullptr); }).text, "bad");
+  EXPECT_FAILURE(TransformException, Writer().handleException(failure, nullptr), "bad");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "tavrone/core/SmartPtr.h"
 #include "tavrone/dataobject/Record.h"
+#include "tavrone/universal/UniversalFieldParser.h"
 #include "tests/Cases.h"
 #include "tests/Failure.h"
 
@@ -16,16 +17,11 @@ struct Order : Record<"Order", Field<"ID", tvstring>, Section<"Legs", Leg, 2, 3>
 struct Parser : UniversalInputParser {
   void parse(ExternalObject *, Binary const &, TransformContext &) override {}
   ExternalObject *parse(Binary const &, TransformContext &) override { return nullptr; }
-  using UniversalInputParser::assertConstraints;
-  using UniversalInputParser::assertFieldNew;
-  using UniversalInputParser::assertLength;
-  using UniversalInputParser::assertNotNull;
-  using UniversalInputParser::checkFillerValue;
-  using UniversalInputParser::checkNull;
-  using UniversalInputParser::createInputRecord;
-  using UniversalInputParser::getDelimitedRecord;
-  using UniversalInputParser::handleException;
-  using UniversalInputParser::missingChoice;
+  using UniversalInputParser::assertConstraints, UniversalInputParser::assertFieldNew,
+      UniversalInputParser::assertLength, UniversalInputParser::assertNotNull, UniversalInputParser::checkFillerValue,
+      UniversalInputParser::checkNull, UniversalInputParser::createInputRecord,
+      UniversalInputParser::getDelimitedRecord, UniversalInputParser::handleException,
+      UniversalInputParser::missingChoice;
 };
 
 using RecordPtr = SmartPtr<UniversalInputRecord>;
@@ -103,6 +99,58 @@ TEST(UniversalInputParser, LocatesAFailureOnce) {
   EXPECT_EQ(located(nullptr), "4 2 3 bad ");
   record.setCurrentFieldIndex(2);
   EXPECT_EQ(located(&order), "4 2 3 bad ");
+}
+
+tvstring text(std::string const &value) {
+  return value == "-" ? tvstring() : tvstring(value.data(), value.size());
+}
+
+TEST(UniversalFieldParser, ReadsTwoTextsAsABool) {
+  auto const parse = [](std::istream &input) {
+    std::string value, trueText, falseText;
+    input >> value >> trueText >> falseText;
+    bool result = false;
+    Failure const failure = failureOf<TransformException>(
+        [&] { result = UniversalFieldParser::parseBoolean(text(value), text(trueText), text(falseText)); });
+    return failure.text.empty() ? words(result) : failure.text;
+  };
+  expectEach({"Y Y N -> 1", "N Y N -> 0", "X X X -> 1", "y Y N -> Illegal bool value y",
+              "- - N -> Illegal bool value, it can't be empty"},
+             parse);
+  EXPECT_EQ(str(UniversalFieldParser::formatbool(true, "Y", "N") + UniversalFieldParser::formatbool(false, "Y", "N")),
+            "YN");
+}
+
+TEST(UniversalFieldParser, ReadsNumbersByTheirPointAndTheirPlaces) {
+  // value, point (0 for none), then the places before and behind it
+  auto const parse = [](std::istream &input) {
+    std::string value;
+    char point = 0;
+    int whole = 0, fraction = 0;
+    input >> value >> point;
+    bool const hasPlaces = static_cast<bool>(input >> whole >> fraction);
+    point = point == '0' ? '\0' : point;
+    double result = 0;
+    Failure const failure = failureOf<TransformException>([&] {
+      result = hasPlaces ? UniversalFieldParser::parseDouble(text(value), whole, fraction, point)
+                         : UniversalFieldParser::parseDouble(text(value), point);
+      float const narrowed = hasPlaces ? UniversalFieldParser::parseFloat(text(value), whole, fraction, point)
+                                       : UniversalFieldParser::parseFloat(text(value), point);
+      EXPECT_EQ(narrowed, static_cast<float>(result));
+    });
+    return failure.text.empty() ? words(result) : failure.text;
+  };
+  std::string const zeros(80, '0');
+  expectEach({"1.5 . -> 1.5", "-1,25 , -> -1.25", zeros + "7,5 , -> 7.5",
+              "1.5 , -> Unexpected '.' character while parsing floating point field",
+              "1x5 , -> Cannot convert '1x5' to double", "12,5 , 2 9 -> 12.5", "-2.5 . 2 1 -> -2.5",
+              "12,5 , 3 1 -> Float field's value '12,5' is not in specified format '3.1'",
+              "125 . -1 1 -> Float field's value '125' is not in specified format '-1.1'", "12345 0 3 2 -> 123.45",
+              "-345 0 9 2 -> -3.45", "-012 0 9 2 -> 0.12", "1-5 0 9 2 -> 0.95", "5 0 9 2 -> 0.5", "-5 0 9 2 -> -0.05",
+              "- 0 9 2 -> Cannot convert '' to long", "12 0 9 -3 -> Cannot convert '' to long",
+              "1234567890123456789 0 0 18 -> 1.23457",
+              "1234567890123456789 0 0 19 -> Cannot convert '1234567890123456789' to double"},
+             parse);
 }
 
 }  // namespace

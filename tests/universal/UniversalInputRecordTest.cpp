@@ -156,8 +156,7 @@ TEST(UniversalInputRecord, ReadsBinaryFieldsInBothByteOrders) {
   EXPECT_EQ(record.getBinaryFloat(true), 3.14F);
   EXPECT_EQ(record.getBinaryDouble(false), 3.14);
   EXPECT_EQ(record.getPreviousIndex(), 4);
-  EXPECT_FALSE(record.getBinaryBoolean());
-  EXPECT_TRUE(record.getBinaryBoolean());
+  EXPECT_TRUE(!record.getBinaryBoolean() && record.getBinaryBoolean());
   EXPECT_EQ(record.getCurrentFieldIndex(), 3);
   EXPECT_EQ(outcome(record, [](auto &r) { return r.getBinaryBinary(2); }),
             "Not enough characters. Required 2 , available 1 13 14");

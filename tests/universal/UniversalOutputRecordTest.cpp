@@ -6,10 +6,10 @@
 #include <cmath>
 #include <functional>
 #include <limits>
-#include <string>
 #include <vector>
 
 #include "tavrone/core/SmartPtr.h"
+#include "tests/Cases.h"
 #include "tests/Failure.h"
 #include "tests/core/AllocationCount.h"
 
@@ -35,6 +35,9 @@ std::string hex(Write const &write) {
   std::string const bytes = written(write);
   return str(Binary(bytes.data(), bytes.size()).toHexString());
 }
+
+#define WRITTEN(...) written([&](Record &r) { __VA_ARGS__; })
+#define HEX(...) hex([&](Record &r) { __VA_ARGS__; })
 
 // One field.
 template <class... Arguments>
@@ -71,29 +74,22 @@ TEST(UniversalOutputRecord, FixedTextsReserveAPlaceForTheirTerminator) {
   EXPECT_EQ(fixed("", 0, false, '.'), "");
   EXPECT_EQ(fixed("abcd", 3, true, '.'), "<Cannot represent 'abcd' in 3 characters>");
   EXPECT_EQ(fixed("a", INT_MIN, true, '.'), "<Cannot represent 'a' in -2147483648 characters>");
-  EXPECT_EQ(written([](Record &r) {
-              r.setTerminator('$'), r.appendASCIIField("abc", 5, true, '.'), r.appendASCIIField("d", 2, false, '.');
-            }),
-            ".abc$d.");
-  EXPECT_EQ(written([](Record &r) { r.setTerminator('\xFF'), r.appendASCIIField("abc", 5, false, '.'); }), "abc\xFF.");
+  EXPECT_EQ(
+      WRITTEN(r.setTerminator('$'), r.appendASCIIField("abc", 5, true, '.'), r.appendASCIIField("d", 2, false, '.')),
+      ".abc$d.");
+  EXPECT_EQ(WRITTEN(r.setTerminator('\xFF'), r.appendASCIIField("abc", 5, false, '.')), "abc\xFF.");
   EXPECT_EQ(terminated("", 3, false, '.'), "..$");
   EXPECT_EQ(terminated("", 0, false, '.'), "$");
   EXPECT_EQ(terminated("abc", 3, true, '.'), "<Cannot represent 'abc' in 2 characters>");
-  EXPECT_EQ(written([](Record &r) {
-              r.setTerminator('$'), r.appendASCIIField('c', 1, true, '.'), r.appendASCIIField('d', 3, true, '.');
-            }),
+  EXPECT_EQ(WRITTEN(r.setTerminator('$'), r.appendASCIIField('c', 1, true, '.'), r.appendASCIIField('d', 3, true, '.')),
             "c.d$");
   EXPECT_EQ(terminated(true, 4, "Yes", "No", true, '.'), "Yes$");
-  EXPECT_EQ(written([](Record &r) {
-              r.setTerminator('$'), r.clearTerminator(), r.appendASCIIField(false, 4, "Yes", "No", true, '.');
-            }),
+  EXPECT_EQ(WRITTEN(r.setTerminator('$'), r.clearTerminator(), r.appendASCIIField(false, 4, "Yes", "No", true, '.')),
             "..No");
-  EXPECT_EQ(written([](Record &r) { r.setTerminator('$'), r.appendASCIIFieldHex(BYTES, 5, true, '.'); }), ".01AB");
-  EXPECT_EQ(written([](Record &r) { r.appendASCIIFieldBase64(BYTES, 5, false, '.'); }), "Aas=.");
-  EXPECT_EQ(written([](Record &r) { r.appendASCIIFieldHex(BYTES, 3, true, '.'); }),
-            "<Cannot represent '01AB' in 3 digits>");
-  EXPECT_EQ(written([](Record &r) { r.appendASCIIFieldBase64(BYTES, 3, true, '.'); }),
-            "<Cannot represent 'Aas=' in 3 digits>");
+  EXPECT_EQ(WRITTEN(r.setTerminator('$'), r.appendASCIIFieldHex(BYTES, 5, true, '.')), ".01AB");
+  EXPECT_EQ(WRITTEN(r.appendASCIIFieldBase64(BYTES, 5, false, '.')), "Aas=.");
+  EXPECT_EQ(WRITTEN(r.appendASCIIFieldHex(BYTES, 3, true, '.')), "<Cannot represent '01AB' in 3 digits>");
+  EXPECT_EQ(WRITTEN(r.appendASCIIFieldBase64(BYTES, 3, true, '.')), "<Cannot represent 'Aas=' in 3 digits>");
   EXPECT_EQ(fixed(DATE, 2, "yyyyMMdd"), "20260102");
 }
 
@@ -148,8 +144,8 @@ TEST(UniversalOutputRecord, FieldsAsLongAsTheirValueTellTheirLength) {
   check("01AB", r.appendASCIIFieldHex(BYTES), r.getASCIIFieldLengthHex(BYTES));
   check("Aas=", r.appendASCIIFieldBase64(BYTES), r.getASCIIFieldLengthBase64(BYTES));
   check("\x01\xAB", r.appendBinaryField(BYTES), r.getBinaryFieldLength(BYTES));
-  EXPECT_EQ(failureOf<TransformException>([] { Record::getASCIIFieldLength(1.999, 3, 2, '.'); }).text,
-            "Cannot represent '100' in 2 digits");
+  EXPECT_FAILURE(TransformException, Record::getASCIIFieldLength(1.999, 3, 2, '.'),
+                 "Cannot represent '100' in 2 digits");
 }
 
 TEST(UniversalOutputRecord, DelimitedFieldsQuoteOnlyAValueThatHoldsTheDelimiter) {
@@ -170,9 +166,8 @@ TEST(UniversalOutputRecord, DelimitedFieldsQuoteOnlyAValueThatHoldsTheDelimiter)
   EXPECT_EQ(delimited(BigDecimal("-1.50"), ","), "-1.5,");
   EXPECT_EQ(delimited(BigInteger(LONG_NUMBER), ","), str(LONG_NUMBER) + ",");
   EXPECT_EQ(delimited(DATE, "yyyy", ","), "2026,");
-  EXPECT_EQ(written([](Record &r) { r.appendDelimitedFieldHex(BYTES, ","), r.appendDelimitedFieldBase64(BYTES, ","); }),
-            "01AB,Aas=,");
-  EXPECT_EQ(written([](Record &r) { r.appendDelimitedASCIIFieldASCII(Binary("x", 1), ","); }), "x,");
+  EXPECT_EQ(WRITTEN(r.appendDelimitedFieldHex(BYTES, ","), r.appendDelimitedFieldBase64(BYTES, ",")), "01AB,Aas=,");
+  EXPECT_EQ(WRITTEN(r.appendDelimitedASCIIFieldASCII(Binary("x", 1), ",")), "x,");
 }
 
 TEST(UniversalOutputRecord, CountsTheFieldsOfASequenceOnly) {
@@ -192,9 +187,7 @@ TEST(UniversalOutputRecord, CountsTheFieldsOfASequenceOnly) {
   EXPECT_EQ(record.getCurrentFieldIndex(), 6);
   record.startChoice();
   record.appendASCIIField(1);
-  EXPECT_EQ(record.getCurrentFieldIndex(), -1);
-  EXPECT_EQ(record.getRecordLength(), 1);
-  EXPECT_EQ(record.getSequenceStartIndex(), 12);
+  EXPECT_EQ(words(record.getCurrentFieldIndex(), record.getRecordLength(), record.getSequenceStartIndex()), "-1 1 12");
 }
 
 // A record of two fields and then, in the trailing zone, the fields written.
@@ -217,20 +210,18 @@ TEST(UniversalOutputRecord, CutsNullFieldsAtItsEnd) {
               bytes = [](Record &r) { r.appendDelimitedFieldHex(BYTES, ","); },
               bytesAndNull = [](Record &r) { r.appendDelimitedFieldHex(BYTES, ","), r.appendDelimitedNullField(","); },
               inner = [](Record &r) { r.startAll(), r.appendDelimitedNullField(","), r.endAll(); };
-  struct {
-    Write const &fields;
-    char const *dropped, *kept, *uncut;
-  } const cases[] = {{none, "a,b;", "a,b,;", "a,b,"},
-                     {nulls, "a,b;", "a,b,;", "a,b,,,"},
-                     {filler, "a,b;", "a,b,;", "a,b,  "},
-                     {value, "a,b,,c;", "a,b,,c,;", "a,b,,c,"},
-                     {bytes, "a,b,01AB,;", "a,b,01AB,;", "a,b,01AB,"},
-                     {bytesAndNull, "a,b,01AB,;", "a,b,01AB,;", "a,b,01AB,,"},
-                     {inner, "a,b;", "a,b,;", "a,b,,"}};
-  for (auto const &c : cases) {
-    EXPECT_EQ(trimmed(true, ";", c.fields), c.dropped);
-    EXPECT_EQ(trimmed(false, ";", c.fields), c.kept);
-    EXPECT_EQ(trimmed(true, "", c.fields), c.uncut);
+  std::tuple<Write const &, char const *, char const *, char const *> const cases[] = {
+      {none, "a,b;", "a,b,;", "a,b,"},
+      {nulls, "a,b;", "a,b,;", "a,b,,,"},
+      {filler, "a,b;", "a,b,;", "a,b,  "},
+      {value, "a,b,,c;", "a,b,,c,;", "a,b,,c,"},
+      {bytes, "a,b,01AB,;", "a,b,01AB,;", "a,b,01AB,"},
+      {bytesAndNull, "a,b,01AB,;", "a,b,01AB,;", "a,b,01AB,,"},
+      {inner, "a,b;", "a,b,;", "a,b,,"}};
+  for (auto const &[fields, dropped, kept, uncut] : cases) {
+    EXPECT_EQ(trimmed(true, ";", fields), dropped);
+    EXPECT_EQ(trimmed(false, ";", fields), kept);
+    EXPECT_EQ(trimmed(true, "", fields), uncut);
   }
 }
 
@@ -261,22 +252,18 @@ TEST(UniversalOutputRecord, ANestedRecordJoinsTheEnclosingOneAndHandsItsDelimite
 }
 
 TEST(UniversalOutputRecord, BinaryFieldsStandInEitherByteOrder) {
-  EXPECT_EQ(hex([](Record &r) { r.writeBinaryBoolean(true), r.writeBinaryInt1(-1), r.writeBinaryInt2(0x10203, true); }),
-            "01FF0203");
-  EXPECT_EQ(
-      hex([](Record &r) { r.writeBinaryInt2(258, false), r.writeBinaryInt4(-2, true), r.writeBinaryInt4(1, false); }),
-      "0201FFFFFFFE01000000");
-  EXPECT_EQ(hex([](Record &r) { r.writeBinaryInt8(1, true), r.writeBinaryInt8(-2, false); }),
-            "0000000000000001FEFFFFFFFFFFFFFF");
-  EXPECT_EQ(hex([](Record &r) { r.writeBinaryFloat(1.5F, true), r.writeBinaryDouble(-2, false); }),
-            "3FC0000000000000000000C0");
-  EXPECT_EQ(hex([](Record &r) { r.writeBinaryBinary(BYTES), r.writeBinaryBinary(BYTES, 2); }), "01AB01AB");
-  EXPECT_EQ(written([](Record &r) { r.writeBinaryBinary(BYTES, 3); }),
+  EXPECT_EQ(HEX(r.writeBinaryBoolean(true), r.writeBinaryInt1(-1), r.writeBinaryInt2(0x10203, true)), "01FF0203");
+  EXPECT_EQ(HEX(r.writeBinaryInt2(258, false), r.writeBinaryInt4(-2, true), r.writeBinaryInt4(1, false)),
+            "0201FFFFFFFE01000000");
+  EXPECT_EQ(HEX(r.writeBinaryInt8(1, true), r.writeBinaryInt8(-2, false)), "0000000000000001FEFFFFFFFFFFFFFF");
+  EXPECT_EQ(HEX(r.writeBinaryFloat(1.5F, true), r.writeBinaryDouble(-2, false)), "3FC0000000000000000000C0");
+  EXPECT_EQ(HEX(r.writeBinaryBinary(BYTES), r.writeBinaryBinary(BYTES, 2)), "01AB01AB");
+  EXPECT_EQ(WRITTEN(r.writeBinaryBinary(BYTES, 3)),
             "<Number of bytes in output (2) is not same as the fixed length - 3>");
   for (int length : {0, 3, 9, -1, INT_MIN}) {
     std::string const failure = "<Illegal integral length - " + std::to_string(length) + ">";
-    EXPECT_EQ(written([=](Record &r) { r.writeBinaryInt(length, 1, true, true); }), failure);
-    EXPECT_EQ(written([=](Record &r) { r.writeBinaryLong(length, 1, true, true); }), failure);
+    EXPECT_EQ(WRITTEN(r.writeBinaryInt(length, 1, true, true)), failure);
+    EXPECT_EQ(WRITTEN(r.writeBinaryLong(length, 1, true, true)), failure);
   }
 }
 
@@ -289,12 +276,10 @@ TEST(UniversalOutputRecord, WholeNumbersAreCheckedAgainstTheRangeOfTheirLength) 
                      {2, false, 0, 65535},           {4, true, INT_MIN, INT_MAX}, {4, false, 0, UINT_MAX},
                      {8, true, LLONG_MIN, LLONG_MAX}};
   for (auto const &[length, isSigned, low, high] : cases) {
-    auto const asLong = [&, n = length, s = isSigned](long long value) {
-      return written([=](Record &r) { r.writeBinaryLong(n, value, s, false); });
+    auto const asLong = [n = length, s = isSigned](long long value) {
+      return WRITTEN(r.writeBinaryLong(n, value, s, false));
     };
-    auto const asInt = [&, n = length, s = isSigned](int value) {
-      return written([=](Record &r) { r.writeBinaryInt(n, value, s, false); });
-    };
+    auto const asInt = [n = length, s = isSigned](int value) { return WRITTEN(r.writeBinaryInt(n, value, s, false)); };
     for (long long value : {low, high}) {
       std::string const bytes = asLong(value);
       EXPECT_EQ(bytes, std::string(reinterpret_cast<char const *>(&value), static_cast<size_t>(length)));
@@ -318,36 +303,27 @@ TEST(UniversalOutputRecord, PacksTwoDigitsAByteAndTheSignBehindThem) {
   for (size_t n = 0; n <= digits.size(); ++n) {
     long long const value = n == 0 ? 5 : std::stoll(digits.substr(0, n));
     std::string const end = n % 2 == 0 ? "0" : "", packed = digits.substr(0, n);
-    EXPECT_EQ(hex([=](Record &r) { r.writePackedDecimalLong(value, static_cast<int>(n)); }), packed + 'C' + end);
-    EXPECT_EQ(hex([=](Record &r) { r.writePackedDecimalLong(-value, static_cast<int>(n)); }), packed + 'D' + end);
+    EXPECT_EQ(HEX(r.writePackedDecimalLong(value, static_cast<int>(n))), packed + 'C' + end);
+    EXPECT_EQ(HEX(r.writePackedDecimalLong(-value, static_cast<int>(n))), packed + 'D' + end);
     if (n >= 10) continue;
-    EXPECT_EQ(hex([=](Record &r) { r.writePackedDecimalInt(static_cast<int>(-value), static_cast<int>(n)); }),
-              packed + 'D' + end);
+    EXPECT_EQ(HEX(r.writePackedDecimalInt(static_cast<int>(-value), static_cast<int>(n))), packed + 'D' + end);
   }
-  EXPECT_EQ(hex([](Record &r) { r.writePackedDecimalInt(INT_MIN, 10), r.writePackedDecimalInt(7, 3); }),
-            "2147483648D0007C");
-  EXPECT_EQ(hex([](Record &r) { r.writePackedDecimalLong(LLONG_MIN, 19), r.writePackedDecimalLong(1, INT_MIN); }),
-            "9223372036854775808D");
-  EXPECT_EQ(hex([](Record &r) { r.writePackedDecimalDouble(-1.5, 3, 0), r.writePackedDecimalDouble(1.25, 1, 2); }),
-            "001D125C");
-  EXPECT_EQ(
-      hex([](Record &r) { r.writePackedDecimalDouble(1234567.895, 9, 2), r.writePackedDecimalFloat(0.1F, 1, 10); }),
-      "00123456790C01000000000C");
-  EXPECT_EQ(hex([](Record &r) { r.writePackedDecimalDouble(1, INT_MIN, 3); }), "");
+  EXPECT_EQ(HEX(r.writePackedDecimalInt(INT_MIN, 10), r.writePackedDecimalInt(7, 3)), "2147483648D0007C");
+  EXPECT_EQ(HEX(r.writePackedDecimalLong(LLONG_MIN, 19), r.writePackedDecimalLong(1, INT_MIN)), "9223372036854775808D");
+  EXPECT_EQ(HEX(r.writePackedDecimalDouble(-1.5, 3, 0), r.writePackedDecimalDouble(1.25, 1, 2)), "001D125C");
+  EXPECT_EQ(HEX(r.writePackedDecimalDouble(1234567.895, 9, 2), r.writePackedDecimalFloat(0.1F, 1, 10)),
+            "00123456790C01000000000C");
+  EXPECT_EQ(HEX(r.writePackedDecimalDouble(1, INT_MIN, 3)), "");
 
-  double const nan = std::nan("");
-  for (Write const &overflow : std::vector<Write>{
-           [](Record &r) { r.writePackedDecimalInt(10, 1); }, [](Record &r) { r.writePackedDecimalInt(1, 11); },
-           [](Record &r) { r.writePackedDecimalLong(1000000000000000000, 18); },
-           [](Record &r) { r.writePackedDecimalLong(1, 20); },
-           [](Record &r) { r.writePackedDecimalDouble(1e10, 4, 2); },
-           [](Record &r) { r.writePackedDecimalDouble(1e18, 9, 9); },
-           [](Record &r) { r.writePackedDecimalDouble(1, -11, 19); },
-           [](Record &r) { r.writePackedDecimalDouble(1, INT_MAX, INT_MAX); },
-           [](Record &r) { r.writePackedDecimalDouble(1, 9, -2); },
-           [=](Record &r) { r.writePackedDecimalDouble(nan, 4, 2); },
-           [](Record &r) { r.writePackedDecimalFloat(std::numeric_limits<float>::infinity(), 9, 2); }})
-    EXPECT_EQ(written(overflow), "<Packed decimal overflow>");
+  float const infinity = std::numeric_limits<float>::infinity();
+  for (std::string const &overflow :
+       {WRITTEN(r.writePackedDecimalInt(10, 1)), WRITTEN(r.writePackedDecimalInt(1, 11)),
+        WRITTEN(r.writePackedDecimalLong(1000000000000000000, 18)), WRITTEN(r.writePackedDecimalLong(1, 20)),
+        WRITTEN(r.writePackedDecimalDouble(1e10, 4, 2)), WRITTEN(r.writePackedDecimalDouble(1e18, 9, 9)),
+        WRITTEN(r.writePackedDecimalDouble(1, -11, 19)), WRITTEN(r.writePackedDecimalDouble(1, INT_MAX, INT_MAX)),
+        WRITTEN(r.writePackedDecimalDouble(1, 9, -2)), WRITTEN(r.writePackedDecimalDouble(std::nan(""), 4, 2)),
+        WRITTEN(r.writePackedDecimalFloat(infinity, 9, 2))})
+    EXPECT_EQ(overflow, "<Packed decimal overflow>");
 }
 
 // Or the failure would name the field before it.
@@ -364,9 +340,8 @@ TEST(UniversalOutputRecord, AFieldThatFailsIsCounted) {
 }
 
 TEST(UniversalOutputRecord, PadsToALengthThatItMustNotExceed) {
-  EXPECT_EQ(written([](Record &r) { r.appendTag("abc"), r.padRecordToLength(5), r.padRecordToLength(5); }), "abc  ");
-  EXPECT_EQ(written([](Record &r) { r.appendTag("abc"), r.padRecordToLength(2); }),
-            "abc<Record size (3) exceeded upper limit - 2>");
+  EXPECT_EQ(WRITTEN(r.appendTag("abc"), r.padRecordToLength(5), r.padRecordToLength(5)), "abc  ");
+  EXPECT_EQ(WRITTEN(r.appendTag("abc"), r.padRecordToLength(2)), "abc<Record size (3) exceeded upper limit - 2>");
 }
 
 TEST(UniversalOutputRecord, ACopyHasBytesOfItsOwn) {

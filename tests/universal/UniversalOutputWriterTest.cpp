@@ -21,11 +21,8 @@ struct Writer : UniversalOutputWriter {
   void writeData(DataObject *, TransformContext &) override { appendMessage("data|", 5); }
   void writeTrailer(DataObject *, TransformContext &) override { appendMessage("cut", -1); }
 
-  using UniversalOutputWriter::appendMessage;
-  using UniversalOutputWriter::assertLength;
-  using UniversalOutputWriter::ensureChoice;
-  using UniversalOutputWriter::handleException;
-  using UniversalOutputWriter::requiredFieldMissing;
+  using UniversalOutputWriter::appendMessage, UniversalOutputWriter::assertLength, UniversalOutputWriter::ensureChoice,
+      UniversalOutputWriter::handleException, UniversalOutputWriter::requiredFieldMissing;
 };
 
 // The fields that a failure carries after the writer has handled it: its name, its text and where it was raised.

@@ -1,7 +1,7 @@
-#include "examples/messages/PaymentFileParser.h"
-
 #include <gtest/gtest.h>
 
+#include "examples/messages/PaymentFileParser.h"
+#include "examples/messages/PaymentFileWriter.h"
 #include "tests/Text.h"
 
 namespace examples {
@@ -16,19 +16,11 @@ std::string entry(char const *code, char const *amount, int trace) {
 }
 std::vector<std::string> const FILE_LINES = {
     padded("1SENDER    RECEIVER  202403151430A"),
-    padded("5ACME            COMPANY   200PAYROLL   2024031807100001" + std::string("0000001")),
+    padded("5ACME            COMPANY   200PAYROLL   20240318071000010000001"),
     entry("22", "0000001250", 1),
     entry("27", "0000000300", 2),
-    padded("8200000002"
-           "0014200002"
-           "000000000300"
-           "000000001250"
-           "COMPANY   071000010000001"),
-    padded("9000001"
-           "00000002"
-           "0014200002"
-           "000000000300"
-           "000000001250")};
+    padded("82000000020014200002000000000300000000001250COMPANY   071000010000001"),
+    padded("9000001000000020014200002000000000300000000001250")};
 
 // What a file gives under a handler that collects: its entries, then each failure as "line:column field text".
 std::string parsed(std::vector<std::string> const &lines) {
@@ -73,9 +65,32 @@ TEST(PaymentFileParser, FindsEveryFailureOfAFileInOnePass) {
 }
 
 TEST(PaymentFileParser, StopsAtTheFirstFailureByDefault) {
-  PaymentFileParser parser;
   TransformContext context;
-  EXPECT_THROW(parser.parse(Binary("1x\n2\n", 5), context), TransformException);
+  EXPECT_THROW(PaymentFileParser().parse(Binary("1x\n2\n", 5), context), TransformException);
+}
+
+std::string written(PaymentFile &file) {
+  PaymentFileWriter writer;
+  TransformContext context;
+  try {
+    writer.writeData(&file, context);
+  } catch (TransformException const &failure) {
+    return str(failure.getFFieldName()) + ": " + str(failure.getMessage());
+  }
+  return str(writer.endMessage());
+}
+
+TEST(PaymentFileWriter, NamesTheFieldThatDoesNotFit) {
+  SmartPtr<PaymentFile> const file(new PaymentFile);
+  PaymentBatch &batch = file->section<"Batches">().add();
+  EXPECT_EQ(written(*file), "Batches.ServiceClass: The mandatory field 'Batches.ServiceClass' is missing.");
+  batch.set<"ServiceClass">(1000);
+  EXPECT_EQ(written(*file), "Batches.ServiceClass: Cannot represent '1000' in 3 digits");
+  batch.set<"ServiceClass">(200);
+  batch.set<"EffectiveDate">(DateTime(2024, 3, 18, 0, 0, 0, 0));
+  batch.set<"BatchNumber">(7);
+  batch.set<"Reserved">(tvstring(32, 'x'));
+  EXPECT_EQ(written(*file), "Batches.Reserved: Cannot represent '" + std::string(32, 'x') + "' in 31 characters");
 }
 
 }  // namespace
