@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <utility>
 
 #include "tests/Failure.h"
 #include "tests/core/AllocationCount.h"

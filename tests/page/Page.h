@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <concepts>
 #include <string>
 
 #include "tavrone/tavrone.h"
@@ -17,10 +18,8 @@ inline std::string shown(bool value) {
 inline std::string shown(char value) {
   return std::string(1, value);
 }
-inline std::string shown(int value) {
-  return std::to_string(value);
-}
-inline std::string shown(long long value) {
+template <std::integral Number>
+std::string shown(Number value) {
   return std::to_string(value);
 }
 inline std::string shown(double value) {
@@ -38,10 +37,8 @@ inline std::string shown(tvstring const &text) {
 inline std::string shown(Binary const &bytes) {
   return str(bytes.toHexString());
 }
-inline std::string shown(BigDecimal const &number) {
-  return str(number.toString());
-}
-inline std::string shown(BigInteger const &number) {
+template <std::derived_from<MAPM> Number>
+std::string shown(Number const &number) {
   return str(number.toString());
 }
 inline std::string shown(DateTime const &value) {

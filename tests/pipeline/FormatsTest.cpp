@@ -80,8 +80,8 @@ TEST(InputParser, TakesOnlyEmptyTextsForNull) {
   TransformContext context;
   InputParser::ensureNotNull(" ", nullptr, 0, context);
   InputParser::ensureNotNull0(" ", nullptr, 0, context);
-  EXPECT_EQ(failureOf<FieldParsingException>([&] { InputParser::ensureNotNull("", line("").get(), 0, context); }).text,
-            "Field 'Text' cannot be null.");
+  EXPECT_FAILURE(FieldParsingException, InputParser::ensureNotNull("", line("").get(), 0, context),
+                 "Field 'Text' cannot be null.");
 }
 
 struct PlainFormat : AbstractOutputFormat {
@@ -169,7 +169,7 @@ TEST_F(OutputFormat, HandsNullPartsToTheWriterByDefault) {
   for (auto const &[writer, text] : {std::pair<OutputWriter *, tvstring>(nullptr, "Cannot cast NULL to " + target),
                                      {&other, "Cannot cast " + Class(typeid(other)).getName() + "* to " + target}}) {
     format->writer = writer;
-    EXPECT_EQ(failureOf<ClassCastException>([&] { write(*format); }).text, str(text));
+    EXPECT_FAILURE(ClassCastException, write(*format), str(text));
   }
 }
 

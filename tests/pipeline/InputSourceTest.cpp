@@ -103,8 +103,8 @@ TEST_F(FileInputSourceTest, WhatIsNoFileIsNotFound) {
   std::filesystem::resize_file(huge, 1ull << 31);
   for (tvstring const &missing : {file + "/none", tvstring(), tvstring(testing::TempDir().c_str()), file + '\0' + "x",
                                   tvstring("/proc/self/task"), tvstring(huge.c_str())})
-    EXPECT_EQ(failureOf<TransformException>([&] { FileInputSource const source(missing); }),
-              "cpp/FileInputSource:14:File not found " + std::string(missing.data(), missing.length()));
+    EXPECT_FAILURE(TransformException, FileInputSource const source(missing),
+                   "cpp/FileInputSource:14:File not found " + std::string(missing.data(), missing.length()));
   std::filesystem::remove(huge);
 }
 

@@ -102,8 +102,8 @@ TEST(InternalMessage, FailsOnWhatItLacks) {
   EXPECT_EQ(validator.text + validator.source,
             "Validator by name 'X' is not defined for the messagecpp/AbstractInternalMessage");
   EXPECT_EQ(validator.line, 60);
-  EXPECT_EQ(failureOf<TransformRuntimeException>([&] { message->process("X", object, context); }).text,
-            "Processing by name 'X' is not defined for the message");
+  EXPECT_FAILURE(TransformRuntimeException, message->process("X", object, context),
+                 "Processing by name 'X' is not defined for the message");
   EXPECT_EQ(message->postprocess2(message->preprocess(object, context), context).value.get(), object.get());
   Properties none;
   EXPECT_EQ(failureOf<TransformException>([&] { message->triggers.invokeTrigger(none); }).line, 13);

@@ -111,7 +111,7 @@ TEST(AbstractNormalizedObjectMappingFormat, MapsAnArrayInOrderAndLosesNothing) {
   EXPECT_EQ(two[0]->getRefCount(), 0);
   SmartPtr<DataObject> const first(two[0]), second(two[1]);
   EXPECT_EQ(textOf(first.get()) + textOf(second.get()), "ab");
-  EXPECT_EQ(failureOf<TransformException>([&] { format.map(sources, 3, context); }).text, "bad");
+  EXPECT_FAILURE(TransformException, format.map(sources, 3, context), "bad");
 }
 
 }  // namespace

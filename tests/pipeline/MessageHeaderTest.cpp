@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/Cases.h"
 #include "tests/routing/Routing.h"
 
 namespace tavrone {
@@ -25,8 +26,7 @@ TEST(MessageHeaderAdapter, OwnsItsObjectOnlyIfToldSo) {
   SmartPtr<DataObject> const held = new TestHeader(Properties());
   { MessageHeaderAdapter const borrowing(held.get(), false); }
   { MessageHeaderAdapter const owning(new TestHeader(Properties()), true); }
-  EXPECT_EQ(TestHeader::alive, 1);
-  EXPECT_EQ(held->getRefCount(), 1);
+  EXPECT_EQ(words(TestHeader::alive, held->getRefCount()), "1 1");
 }
 
 }  // namespace

@@ -30,9 +30,7 @@ TEST(RawMessage, ShowsPropertiesThenPayloadThenAttachments) {
 TEST(RawMessage, KeepsAttachmentsInNameOrder) {
   StringInputSource message("");
   message.removeAttachment("none");
-  EXPECT_FALSE(message.hasAttachment("b"));
-  EXPECT_TRUE(message.getAttachment("b").isNull());
-  EXPECT_TRUE(message.hasAttachment("b"));
+  EXPECT_TRUE(!message.hasAttachment("b") && message.getAttachment("b").isNull() && message.hasAttachment("b"));
   RawMessage const first(new StringInputSource("1")), second(new StringInputSource("2"));
   message.addAttachment("b", first);
   message.addAttachment("b", second);
@@ -121,8 +119,7 @@ TEST(RawMessageObject, WrapsAMessageWithoutCopyingIt) {
   only.setObject(&only);
   EXPECT_EQ(str(only.toString()), "only");
   IntObject const number(1);
-  EXPECT_EQ(failureOf<TransformException>([&] { target.setObject(&number); }).text,
-            "Cannot convert Integer to RawMessage");
+  EXPECT_FAILURE(TransformException, target.setObject(&number), "Cannot convert Integer to RawMessage");
 }
 
 TEST(RawMessageObject, IsMadeOfBytesAndTexts) {
