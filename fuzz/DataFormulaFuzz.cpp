@@ -24,10 +24,6 @@ int takeIndex(FuzzInput &input) {
   return input.below(8) == 0 ? input.take<int>() : input.take<int8_t>() % 24;
 }
 
-Binary binaryOf(std::string const &bytes) {
-  return Binary(bytes.data(), bytes.size());
-}
-
 std::string sub(std::string const &bytes, long long from, long long count) {
   from = std::clamp<long long>(from, 0, static_cast<long long>(bytes.size()));
   return count <= 0 ? std::string() : bytes.substr(static_cast<size_t>(from), static_cast<size_t>(count));
@@ -40,8 +36,7 @@ void checkBytes(FuzzInput &input) {
   int const i = takeIndex(input);
   int const n = takeIndex(input);
   auto const length = static_cast<long long>(a.size());
-  Binary const bytes = binaryOf(a);
-  Binary const other = binaryOf(b);
+  Binary const bytes(textOf(a)), other(textOf(b));
 
   require(str(F::left(bytes, i)) == sub(a, 0, i));
   require(str(F::right(bytes, i)) == (i < 0 ? "" : sub(a, length - i, length)));
@@ -148,8 +143,11 @@ struct ModelPart {
 void checkRecords(FuzzInput &input) {
   using F = AggregateFunctions;
   bool const isDeclared = input.below(2) == 0;
-  SmartPtr<DataObject> const trade(isDeclared ? static_cast<DataObject *>(new Trade)
-                                              : new GenericDataObject(Trade::typeMetaInfo(), false));
+  auto const newTrade = [isDeclared]() -> DataObject * {
+    if (isDeclared) return new Trade;
+    return new GenericDataObject(Trade::typeMetaInfo(), false);
+  };
+  SmartPtr<DataObject> const trade(newTrade()), copy(newTrade());
   DataObjectSection *parts = trade->getSection("Parts");
   std::vector<ModelPart> model(input.below(6));
   for (ModelPart &part : model) {
@@ -180,16 +178,13 @@ void checkRecords(FuzzInput &input) {
   require(F::fieldCount(parts, "Fills.Price") == static_cast<int>(prices.size()));
   require(F::secCount(parts, "Fills") == static_cast<int>(fills));
   require(F::secSumDouble(parts, "Fills.Price") == sum);  // quarters: exact in any order
-  require(F::secMinDouble(parts, "Fills.Price") ==
-          (prices.empty() ? 0 : *std::min_element(prices.begin(), prices.end())));
-  require(F::secMaxDouble(parts, "Fills.Price") ==
-          (prices.empty() ? 0 : *std::max_element(prices.begin(), prices.end())));
+  auto const [low, high] = std::minmax_element(prices.begin(), prices.end());
+  require(F::secMinDouble(parts, "Fills.Price") == (prices.empty() ? 0 : *low));
+  require(F::secMaxDouble(parts, "Fills.Price") == (prices.empty() ? 0 : *high));
   require(F::fieldExistsInAll(parts, "Price", "Fills") == all && F::fieldExistsInAll(parts, "Fills.Price") == all);
 
   // Each part's position among the ones of its size shows in its fills, so the order of equals is seen too.
   bool const ascending = input.below(2) == 0;
-  SmartPtr<DataObject> const copy(isDeclared ? static_cast<DataObject *>(new Trade)
-                                             : new GenericDataObject(Trade::typeMetaInfo(), false));
   DataObjectFunctions::copyMatching(trade.get(), copy.get());
   require(DataObjectFunctions::equal(trade.get(), copy.get()));
   std::vector<DataObject *> expected;
@@ -211,8 +206,7 @@ void checkRecords(FuzzInput &input) {
   require(DataObjectFunctions::equal(trade.get(), copy.get()));
 
   // Any path and any index.
-  std::string const text = input.takeText(16);
-  tvstring const path(text.data(), text.size());
+  tvstring const path = textOf(input.takeText(16));
   IntObject const number(7);
   try {
     DataObjectFunctions::getText(trade.get(), path);
@@ -233,21 +227,8 @@ void checkRecords(FuzzInput &input) {
 
 extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
   FuzzInput input(data, size);
-  switch (input.below(5)) {
-    case 0:
-      checkBytes(input);
-      break;
-    case 1:
-      checkBits<int>(input);
-      break;
-    case 2:
-      checkBits<long long>(input);
-      break;
-    case 3:
-      checkBigNumbers(input);
-      break;
-    default:
-      checkRecords(input);
-  }
+  static constexpr void (*CHECKS[])(FuzzInput &) = {checkBytes, checkBits<int>, checkBits<long long>, checkBigNumbers,
+                                                    checkRecords};
+  CHECKS[input.below(5)](input);
   return 0;
 }

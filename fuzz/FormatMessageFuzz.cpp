@@ -3,11 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "tavrone/core/Conversion.h"
-#include "tavrone/core/Exceptions.h"
-#include "tavrone/core/ObjectList.h"
-#include "tavrone/core/ResourceBundle.h"
-#include "tavrone/core/Wrappers.h"
+#include "tavrone/tavrone.h"
 #include "tests/Text.h"
 
 namespace {

@@ -7,12 +7,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-#include <string>
 
-#include "tavrone/core/Exceptions.h"
-#include "tavrone/formula/FormatFunctions.h"
-#include "tavrone/formula/UtilFunctions.h"
-#include "tavrone/formula/ValidationFunctions.h"
+#include "tavrone/tavrone.h"
 #include "tests/FuzzInput.h"
 #include "tests/Text.h"
 #include "tests/core/DecimalReference.h"
@@ -25,10 +21,6 @@ using Dates = DateFunctions;
 using Formats = FormatFunctions;
 using Tests = ValidationFunctions;
 using Utils = UtilFunctions;
-
-tvstring textOf(std::string const &text) {
-  return tvstring(text.data(), text.size());
-}
 
 // A date of an ordinary year, or any numbers.
 DateTime takeDate(FuzzInput &input) {

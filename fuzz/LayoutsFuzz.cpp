@@ -1,7 +1,6 @@
 // Files of the Universal format through the example messages: a real file of the layout that the first byte picks, with
 // pieces of the input written over it, or, where nothing is picked, the input itself. Every failure of parsing has its
 // place. What is read without a failure and written is read again, and then written as it was.
-#include <string>
 
 #include "examples/messages/MainframeOrder.h"
 #include "examples/messages/PaymentFileParser.h"
@@ -27,20 +26,6 @@ struct PaymentMessage : AbstractExternalMessage {
   PaymentFileParser parser;
   PaymentFileWriter writer;
 };
-
-// A few places get other bytes, and the end may be cut.
-std::string mutated(std::string file, FuzzInput &input) {
-  while (input.at < input.bytes.size() && !file.empty()) {
-    size_t const at = input.take<uint16_t>() % file.size();
-    size_t const length = input.below(24);
-    size_t const replaced = input.below(24);
-    if (length == 23)
-      file.resize(at);
-    else
-      file.replace(at, replaced, input.takeText(length));
-  }
-  return file;
-}
 
 int intProperty(ExceptionDataObject const &failure, tvstring const &name) {
   return Parsing::parseInt(failure.getContextProperty(name));
@@ -91,7 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
   FuzzInput input(data, size);
   size_t const kind = input.below(4);
   bool const isReal = input.below(4) != 0;
-  std::string const file = isReal ? mutated(realFile(kind), input) : input.takeText(size);
+  std::string const file = isReal ? mutated(realFile(kind), input, 24) : input.takeText(size);
   if (kind == 0) run<TradeFileLayout>(file, "delimited");
   if (kind == 1) run<TaggedOrderLayout>(file, "length-preceded");
   if (kind == 2) run<MainframeLayout>(file, "mainframe");

@@ -10,33 +10,16 @@ namespace {
 
 using namespace tavrone;
 
-// clang-format off
-struct Fill : Record<"Fill",
-                     Field<"Quantity", int>,
-                     Field<"Venue", tvstring>> {};
+struct Fill : Record<"Fill", Field<"Quantity", int>, Field<"Venue", tvstring>> {};
 
-struct Leg : Record<"Leg",
-                    Field<"Symbol", tvstring>,
-                    Section<"Fills", Fill>> {};
+struct Leg : Record<"Leg", Field<"Symbol", tvstring>, Section<"Fills", Fill>> {};
 
 // Without a Binary, which reads as the text that it was written as.
-struct Order : Record<"Order",
-                      Field<"OrderID", tvstring>,
-                      Field<"Side", char>,
-                      Field<"Quantity", int>,
-                      Field<"ExecutedQuantity", long long>,
-                      Field<"Price", double>,
-                      Field<"Rate", float>,
-                      Field<"Notional", BigDecimal>,
-                      Field<"Count", BigInteger>,
-                      Field<"TradeDate", DateOnly>,
-                      Field<"TradeTime", TimeOnly>,
-                      Field<"TransactTime", DateTime>,
-                      Field<"AllOrNone", bool>,
-                      Field<"Stamp", ISODateTime>,
-                      Nested<"Owner", Leg>,
-                      Section<"Legs", Leg>> {};
-// clang-format on
+struct Order : Record<"Order", Field<"OrderID", tvstring>, Field<"Side", char>, Field<"Quantity", int>,
+                      Field<"ExecutedQuantity", long long>, Field<"Price", double>, Field<"Rate", float>,
+                      Field<"Notional", BigDecimal>, Field<"Count", BigInteger>, Field<"TradeDate", DateOnly>,
+                      Field<"TradeTime", TimeOnly>, Field<"TransactTime", DateTime>, Field<"AllOrNone", bool>,
+                      Field<"Stamp", ISODateTime>, Nested<"Owner", Leg>, Section<"Legs", Leg>> {};
 
 std::string refusal(DataObject *record, char const *bytes, int length) {
   try {

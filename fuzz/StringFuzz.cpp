@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <iterator>
-#include <string>
 #include <vector>
 
 #include "tavrone/core/tvstring.h"

@@ -1,8 +1,6 @@
 // Tag=value messages through the example messages of FIX and SIAC Canonical: a real one of the kind that the first byte
 // picks, with pieces of the input written over it, or the input itself. What is read without a failure and written is
 // read again, and then written as it was.
-#include <algorithm>
-#include <string>
 
 #include "examples/messages/ExecutionReport.h"
 #include "examples/messages/MarketDataSnapshotFullRefresh.h"
@@ -10,6 +8,7 @@
 #include "examples/messages/News.h"
 #include "examples/messages/SIACOrder.h"
 #include "tests/FuzzInput.h"
+#include "tests/TagValueText.h"
 
 namespace {
 
@@ -28,25 +27,6 @@ constexpr char const *SAMPLES[] = {
     "10001=Canonical|10002=1|25001=32|10003=ORD|10005=DESK|10006=FLOOR|10007=7|11001=AB-0042|11002=SPREAD|11003=B|"
     "11004=300|11005=2.75|11006=20240315-14:30:00|11007=N|11020={|11021=F|11022=1|11023=12.125|26999= |11021=KO|"
     "11022=-2|11023=59.875|26999= |26000=}|10=123|"};
-
-std::string withSOH(std::string text) {
-  std::replace(text.begin(), text.end(), '|', '\x01');
-  return text;
-}
-
-// A few places get other bytes, and the end may be cut.
-std::string mutated(std::string text, FuzzInput &input) {
-  while (input.at < input.bytes.size() && !text.empty()) {
-    size_t const at = input.take<uint16_t>() % text.size();
-    size_t const length = input.below(16);
-    size_t const replaced = input.below(16);
-    if (length == 15)
-      text.resize(at);
-    else
-      text.replace(at, replaced, withSOH(input.takeText(length)));
-  }
-  return text;
-}
 
 template <class Message>
 void readAndWrite(std::string const &text) {
@@ -74,6 +54,6 @@ extern "C" int LLVMFuzzerTestOneInput(uint8_t const *data, size_t size) {
   static constexpr void (*MESSAGES[])(std::string const &) = {
       readAndWrite<NewOrderSingleMessage>, readAndWrite<ExecutionReportMessage>,
       readAndWrite<MarketDataSnapshotFullRefreshMessage>, readAndWrite<NewsMessage>, readAndWrite<SIACOrderMessage>};
-  MESSAGES[kind](input.below(4) != 0 ? mutated(withSOH(SAMPLES[kind]), input) : withSOH(input.takeText(size)));
+  MESSAGES[kind](input.below(4) != 0 ? withSOH(mutated(SAMPLES[kind], input, 16)) : withSOH(input.takeText(size)));
   return 0;
 }

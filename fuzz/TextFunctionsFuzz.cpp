@@ -4,8 +4,6 @@
 #include <cctype>
 #include <climits>
 #include <functional>
-#include <iterator>
-#include <string>
 #include <vector>
 
 #include "tavrone/core/Exceptions.h"

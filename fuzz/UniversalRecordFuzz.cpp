@@ -1,10 +1,6 @@
 // A random walk of reading operations over random bytes: no operation leaves its record, a failure moves nothing but by
 // the field that failed, and what is read is what a plain reading of the bytes gives.
 
-#include <functional>
-#include <iterator>
-#include <string>
-
 #include "tavrone/core/Exceptions.h"
 #include "tavrone/universal/UniversalFieldParser.h"
 #include "tavrone/universal/UniversalInputRecord.h"
@@ -61,10 +57,7 @@ class Walk {
   std::string text(int begin, int end) const {
     return bytes_.substr(static_cast<size_t>(begin), static_cast<size_t>(end - begin));
   }
-  tvstring takeText() {
-    std::string const value = input_.takeText(input_.below(3));
-    return tvstring(value.data(), value.size());
-  }
+  tvstring takeText() { return textOf(input_.takeText(input_.below(3))); }
   // Mostly short, sometimes anything.
   int takeLength() {
     size_t const kind = input_.below(16);
@@ -123,24 +116,19 @@ class Walk {
     UniversalFieldParser::parseDouble(value, takeLength(), takeLength(), input_.take<char>());
   }
 
+  void number() { record_.getBinaryLong(takeLength(), true, input_.below(2) == 0); }
+  void bytes() { record_.getBinaryBinary(takeLength()); }
+  void packedDecimal() { record_.getPackedDecimalDouble(takeLength(), takeLength()); }
+  void tag() { record_.skipFieldTag(takeText(), takeText()); }
+  void trailing() { record_.startTrailingFields(); }
+  void find() { record_.findDelimiter(takeText(), input_.take<char>(), takeLength(), takeLength()); }
+
   void operation() {
-    std::function<void()> const operations[] = {
-        [this] { fixed(); },
-        [this] { delimited(); },
-        [this] { quoted(); },
-        [this] { packed(); },
-        [this] { cut(); },
-        [this] { peek(); },
-        [this] { locate(); },
-        [this] { convert(); },
-        [this] { record_.getBinaryLong(takeLength(), true, input_.below(2) == 0); },
-        [this] { record_.getBinaryBinary(takeLength()); },
-        [this] { record_.getPackedDecimalDouble(takeLength(), takeLength()); },
-        [this] { record_.skipFieldTag(takeText(), takeText()); },
-        [this] { record_.startTrailingFields(); },
-        [this] { record_.findDelimiter(takeText(), input_.take<char>(), takeLength(), takeLength()); },
-    };
-    operations[input_.below(std::size(operations))]();
+    static constexpr void (Walk::*OPERATIONS[])() = {
+        &Walk::fixed,         &Walk::delimited, &Walk::quoted,   &Walk::packed, &Walk::cut,
+        &Walk::peek,          &Walk::locate,    &Walk::convert,  &Walk::number, &Walk::bytes,
+        &Walk::packedDecimal, &Walk::tag,       &Walk::trailing, &Walk::find};
+    (this->*OPERATIONS[input_.below(std::size(OPERATIONS))])();
   }
 
   FuzzInput &input_;

@@ -4,10 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "tavrone/core/Conversion.h"
-#include "tavrone/core/Exceptions.h"
-#include "tavrone/universal/UniversalInputRecord.h"
-#include "tavrone/universal/UniversalOutputRecord.h"
+#include "tavrone/tavrone.h"
 #include "tests/FuzzInput.h"
 #include "tests/Text.h"
 
@@ -37,7 +34,8 @@ class RoundTrip {
   }
 
  private:
-  using Read = std::function<bool(UniversalInputRecord &)>;
+  using In = UniversalInputRecord &;
+  using Read = std::function<bool(In)>;
 
   // Writes a field that is to fail exactly if `fits` is false.
   template <class Write>
@@ -52,6 +50,7 @@ class RoundTrip {
     }
   }
 
+  bool flip() { return input_.below(2) == 0; }
   // Numbers of every length.
   long long number() { return input_.take<long long>() >> (input_.below(64)); }
   // Without what delimits, fills or quotes.
@@ -66,29 +65,23 @@ class RoundTrip {
   void paddedNumber() {
     long long const value = number();
     int const width = static_cast<int>(input_.below(30)) - 1;
-    bool const right = input_.below(2) == 0;
-    char const fill = right && input_.below(2) == 0 ? '0' : ' ';
+    bool const right = flip();
+    char const fill = right && flip() ? '0' : ' ';
     if (value == INT64_MIN) return;
-    field(
-        static_cast<int>(std::to_string(value).size()) <= width,
-        [&] { record_.appendASCIIField(value, width, right, fill); },
-        [=](UniversalInputRecord &in) {
-          return numberOf(UniversalInputRecord::trimSpaces(in.getString(width))) == value;
-        });
+    auto const write = [&] { record_.appendASCIIField(value, width, right, fill); };
+    field(static_cast<int>(std::to_string(value).size()) <= width, write,
+          [=](In in) { return numberOf(UniversalInputRecord::trimSpaces(in.getString(width))) == value; });
   }
   void paddedText() {
     tvstring const value = text();
     int const width = static_cast<int>(input_.below(80));
-    bool const right = input_.below(2) == 0;
-    bool const terminated = input_.below(2) == 0;
+    bool const right = flip(), terminated = flip();
     if (terminated) record_.setTerminator(',');
-    field(
-        value.empty() || static_cast<int>(value.length()) + (terminated ? 1 : 0) <= width,
-        [&] { record_.appendASCIIField(value, width, right, ' '); },
-        [=](UniversalInputRecord &in) {
-          tvstring const trimmed = UniversalInputRecord::trimSpaces(in.getString(terminated && width == 0 ? 1 : width));
-          return trimmed == (terminated ? value + ',' : value);
-        });
+    auto const write = [&] { record_.appendASCIIField(value, width, right, ' '); };
+    field(value.empty() || static_cast<int>(value.length()) + terminated <= width, write, [=](In in) {
+      tvstring const trimmed = UniversalInputRecord::trimSpaces(in.getString(terminated && width == 0 ? 1 : width));
+      return trimmed == (terminated ? value + ',' : value);
+    });
     record_.clearTerminator();
   }
   // Places after the point as many as the value has, so that nothing is rounded up to one place more.
@@ -97,88 +90,70 @@ class RoundTrip {
     long long const power = UniversalRecord::LONG_POWERS_OF_10[static_cast<size_t>(places)];
     long long const units = number() % (1LL << 40);
     double const value = static_cast<double>(units) / static_cast<double>(power);
-    long long const whole = static_cast<long long>(value);
     int const width = static_cast<int>(input_.below(16));
-    int const needed = static_cast<int>(std::to_string(std::abs(whole)).size()) + (value < 0 ? 1 : 0);
-    field(
-        needed <= width, [&] { record_.appendASCIIField(value, width, places, '\0', true, '0'); },
-        [=](UniversalInputRecord &in) {
-          tvstring const digits = in.getString(width + places);
-          return numberOf(digits) == units;
-        });
+    size_t const digits = std::to_string(std::abs(static_cast<long long>(value))).size();
+    auto const write = [&] { record_.appendASCIIField(value, width, places, '\0', true, '0'); };
+    field(static_cast<int>(digits) + (value < 0) <= width, write,
+          [=](In in) { return numberOf(in.getString(width + places)) == units; });
   }
   void delimited() {
     tvstring const value = text();
-    bool const quoted = input_.below(2) == 0;
+    bool const quoted = flip();
     tvstring const written = quoted && !value.empty() ? value + ',' + value : value;
-    field(
-        true, [&] { record_.appendDelimitedField(written, DELIMITER, quoted ? QUOTE : '\0'); },
-        [=](UniversalInputRecord &in) { return in.getDelimitedField(DELIMITER, QUOTE) == written; });
+    auto const write = [&] { record_.appendDelimitedField(written, DELIMITER, quoted ? QUOTE : '\0'); };
+    field(true, write, [=](In in) { return in.getDelimitedField(DELIMITER, QUOTE) == written; });
   }
   void encoded() {
-    std::string const bytes = input_.takeText(input_.below(60));
-    Binary const value(bytes.data(), bytes.size());
-    bool const hex = input_.below(2) == 0;
-    field(
-        true,
-        [&] {
-          if (hex)
-            record_.appendDelimitedFieldHex(value, DELIMITER);
-          else
-            record_.appendDelimitedFieldBase64(value, DELIMITER);
-        },
-        [=](UniversalInputRecord &in) {
-          tvstring const text = in.getDelimitedField(DELIMITER);
-          return (hex ? Binary::fromHexString(text) : Binary::fromBase64String(text)) == value;
-        });
+    Binary const value(textOf(input_.takeText(input_.below(60))));
+    bool const hex = flip();
+    auto const write = [&] {
+      if (hex) record_.appendDelimitedFieldHex(value, DELIMITER);
+      if (!hex) record_.appendDelimitedFieldBase64(value, DELIMITER);
+    };
+    field(true, write, [=](In in) {
+      tvstring const text = in.getDelimitedField(DELIMITER);
+      return (hex ? Binary::fromHexString(text) : Binary::fromBase64String(text)) == value;
+    });
   }
   void delimitedNumber() {
     long long const value = number();
     double const decimal = static_cast<double>(value) / 256;
-    field(
-        true,
-        [&] {
-          record_.appendDelimitedField(value, DELIMITER);
-          record_.appendDelimitedField(static_cast<int>(value), DELIMITER);
-          record_.appendDelimitedField(decimal, ';', DELIMITER);
-        },
-        [=](UniversalInputRecord &in) {
-          bool const same = numberOf(in.getDelimitedField(DELIMITER)) == value &&
-                            numberOf(in.getDelimitedField(DELIMITER)) == static_cast<int>(value);
-          std::string text = str(in.getDelimitedField(DELIMITER));
-          std::replace(text.begin(), text.end(), ';', '.');
-          return same && text == str(doubleToString(decimal));
-        });
+    auto const write = [&] {
+      record_.appendDelimitedField(value, DELIMITER);
+      record_.appendDelimitedField(static_cast<int>(value), DELIMITER);
+      record_.appendDelimitedField(decimal, ';', DELIMITER);
+    };
+    field(true, write, [=](In in) {
+      bool const same = numberOf(in.getDelimitedField(DELIMITER)) == value &&
+                        numberOf(in.getDelimitedField(DELIMITER)) == static_cast<int>(value);
+      std::string text = str(in.getDelimitedField(DELIMITER));
+      std::replace(text.begin(), text.end(), ';', '.');
+      return same && text == str(doubleToString(decimal));
+    });
   }
   void binaryNumber() {
     long long const value = number();
     int const length = 1 << input_.below(4);
-    bool const isSigned = input_.below(2) == 0;
-    bool const bigEndian = input_.below(2) == 0;
+    bool const isSigned = flip(), bigEndian = flip();
     long long const values = length < 8 ? 1LL << (8 * length) : 0;
     bool const fits =
         length == 8 || (isSigned ? value >= -values / 2 && value < values / 2 : value >= 0 && value < values);
-    field(
-        fits, [&] { record_.writeBinaryLong(length, value, isSigned, bigEndian); },
-        [=](UniversalInputRecord &in) { return in.getBinaryLong(length, isSigned, bigEndian) == value; });
+    auto const write = [&] { record_.writeBinaryLong(length, value, isSigned, bigEndian); };
+    field(fits, write, [=](In in) { return in.getBinaryLong(length, isSigned, bigEndian) == value; });
   }
   void floatingNumber() {
+    constexpr auto bits = UniversalRecord::doubleToLongBits;
     double const value = input_.take<double>();
-    bool const bigEndian = input_.below(2) == 0;
-    field(
-        true, [&] { record_.writeBinaryDouble(value, bigEndian); },
-        [=](UniversalInputRecord &in) {
-          return UniversalRecord::doubleToLongBits(in.getBinaryDouble(bigEndian)) ==
-                 UniversalRecord::doubleToLongBits(value);
-        });
+    bool const bigEndian = flip();
+    auto const write = [&] { record_.writeBinaryDouble(value, bigEndian); };
+    field(true, write, [=](In in) { return bits(in.getBinaryDouble(bigEndian)) == bits(value); });
   }
   void packed() {
     long long const value = number();
     int const digits = static_cast<int>(input_.below(12)) * 2 + 1;
     int const needed = static_cast<int>(std::to_string(value).size()) - (value < 0 ? 1 : 0);
-    field(
-        digits <= 19 && needed <= digits, [&] { record_.writePackedDecimalLong(value, digits); },
-        [=](UniversalInputRecord &in) { return in.getPackedDecimalLong(digits) == value; });
+    auto const write = [&] { record_.writePackedDecimalLong(value, digits); };
+    field(digits <= 19 && needed <= digits, write, [=](In in) { return in.getPackedDecimalLong(digits) == value; });
   }
 
   void readBack() {

@@ -5,6 +5,8 @@
 #include <cstring>
 #include <string>
 
+#include "tavrone/core/tvstring.h"
+
 namespace tavrone {
 
 inline void require(bool holds) {
@@ -32,5 +34,23 @@ struct FuzzInput {
   std::string const bytes;
   size_t at = 0;
 };
+
+inline tvstring textOf(std::string const &text) {
+  return tvstring(text.data(), text.size());
+}
+
+// A few places of the text get other bytes, fewer than `limit` each, until the input is used up; the end may be cut.
+inline std::string mutated(std::string text, FuzzInput &input, size_t limit) {
+  while (input.at < input.bytes.size() && !text.empty()) {
+    size_t const at = input.take<uint16_t>() % text.size();
+    size_t const length = input.below(limit);
+    size_t const replaced = input.below(limit);
+    if (length == limit - 1)
+      text.resize(at);
+    else
+      text.replace(at, replaced, input.takeText(length));
+  }
+  return text;
+}
 
 }  // namespace tavrone
