@@ -40,7 +40,7 @@ void checkPrice(FCSLineTokenizer &tokenizer) {
     tokenizer.parsePrice();
     require(tokenizer.mark() == 1 || tokenizer.mark() == 2);
   } catch (TransformException const &) {
-    require(tokenizer.mark() == 0);
+    require(tokenizer.mark() == 1);
   }
 }
 

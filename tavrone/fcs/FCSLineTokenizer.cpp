@@ -187,16 +187,6 @@ bool FCSLineTokenizer::isPrice() const {
 }
 
 double FCSLineTokenizer::parsePrice() {
-  int const start = mark();
-  try {
-    return readPrice();
-  } catch (TransformException const &) {
-    reset(start);
-    throw;
-  }
-}
-
-double FCSLineTokenizer::readPrice() {
   tvstring const &price = getNextToken();
   if (price.find('.') != tvstring::npos) return Parsing::parseDouble(price);
   double const whole = Parsing::parseInt(price);

@@ -181,15 +181,15 @@ TEST(FCSLineTokenizer, TellsTheKindOfTheNextToken) {
                FCSLineTokenizer::isNumberType("", -1) || FCSLineTokenizer::isAlphaNumericType('%'));
 }
 
-TEST(FCSLineTokenizer, ReadsPricesAndStaysBeforeThoseThatItCannotRead) {
-  std::string const illegal = " -> Illegal fraction part of price at 0";
-  std::string const unexpected = " -> Unexpected character in fraction part of price at 0";
+TEST(FCSLineTokenizer, ReadsPricesAndStaysBehindTheWholePartOfThoseThatItCannotRead) {
+  std::string const illegal = " -> Illegal fraction part of price at 1";
+  std::string const unexpected = " -> Unexpected character in fraction part of price at 1";
   expectEach(
       {"12.5 3/8 -> 12.5 at 1", "12 3/8 X -> 12.375 at 2", "12 X -> 12 at 1", "12 /8 -> 12 at 1", "-1 1/2 -> -0.5 at 2",
        "0 2147483647/2147483647 -> 1 at 2", "12 0/8" + illegal, "12 3/" + illegal, "100 200" + illegal,
        "1 1/2147483648" + illegal, "1 99999999999999999999999999/1" + illegal, "12 3/8/" + unexpected,
-       "12 3x" + unexpected, "1x 1/2 -> Cannot convert '1x' to int at 0", "1.x -> Cannot convert '1.x' to double at 0",
-       " -> Cannot convert '' to int at 0", "2147483648 -> Integer overflow. Cannot convert '2147483648' to int at 0"},
+       "12 3x" + unexpected, "1x 1/2 -> Cannot convert '1x' to int at 1", "1.x -> Cannot convert '1.x' to double at 1",
+       " -> Cannot convert '' to int at 1", "2147483648 -> Integer overflow. Cannot convert '2147483648' to int at 1"},
       [](std::istringstream &in) {
         FCSLineTokenizer t(in.str().c_str());
         std::string text;
