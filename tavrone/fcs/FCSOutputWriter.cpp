@@ -9,7 +9,7 @@
 #include "tavrone/core/Conversion.h"
 #include "tavrone/core/DesignerTypes.h"
 #include "tavrone/core/Wrappers.h"
-#include "tavrone/dataobject/DataObject.h"
+#include "tavrone/dataobject/FieldWalk.h"
 
 namespace tavrone {
 
@@ -33,12 +33,12 @@ bool isPresent(DataObject const *object, int index) {
 
 tvstring textOf(DataObject const &object, int index) {
   if (object.getFieldType(index) == DesignerTypes::STRING_TYPE) {
-    StringObject text;
-    object.getField(index, text);
-    return text.getValue();
+    Watched<StringObject> text;
+    fill(object, index, text);
+    if (text.isFilled()) return text.getValue();
   }
   SmartPtr<Object> const value(object.getField(index));
-  return value->toString();
+  return value.isNull() ? tvstring() : value->toString();
 }
 
 void appendFirmToCMSTrailer(tvstringbuffer &out, DataObject const *trailer) {
