@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <typeinfo>
 
 #include "tavrone/context/UserClassManager.h"
 #include "tavrone/core/Raise.h"
@@ -109,9 +110,10 @@ SmartPtr<INormalizedObjectMappingFormat> LookupContextImpl::lookupNormalizedObje
 }
 
 IOutputProtocol *LookupContextImpl::lookupOutputProtocol(tvstring const &name) {
-  auto const known = directory().protocols.find(name);
-  if (known != directory().protocols.end()) return known->second;
-  // A subclass may look up elsewhere.
+  if (typeid(*this) == typeid(LookupContextImpl)) {  // a subclass may look up elsewhere
+    auto const known = directory().protocols.find(name);
+    if (known != directory().protocols.end()) return known->second;
+  }
   if (auto *const protocol = dynamic_cast<IOutputProtocol *>(lookup(name))) return protocol;
   raise<NamingException>("Device not available at " + name, "cpp/LookupContextImpl");
 }
