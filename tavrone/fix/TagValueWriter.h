@@ -80,7 +80,7 @@ class TAVRONE_API TagValueWriter : public AbstractSimpleOutputWriter {
     if (value > -SHORT_LIMIT && value < SHORT_LIMIT)
       appendNumber(tag, value);
     else
-      appendField0(tag, doubleToString(value));
+      appendField0(tag, doubleToString(value, scratch_));
   }
   void appendField(char const *tag, bool value) { appendField0(tag, boolToString(value)); }
   void appendField(char const *tag, char value) { appendField0(tag, &value, 1); }
@@ -168,6 +168,7 @@ class TAVRONE_API TagValueWriter : public AbstractSimpleOutputWriter {
   char delimiter_ = SOH;
   bool checksum_ = true;
   Message message_;
+  tvstring scratch_;  // the text of a double that is long, or no number
 };
 
 template <class Format>
