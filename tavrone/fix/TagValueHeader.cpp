@@ -217,6 +217,14 @@ bool TagValueHeader<Layout>::setTag(int tag, tvstring const &value) {
 }
 
 template <class Layout>
+bool TagValueHeader<Layout>::hasTextIn(char const *bytes, int length) const {
+  std::less<char const *> const before;
+  return std::any_of(texts_.begin(), texts_.end(), [&](tvstring const &text) {
+    return before(bytes, text.data() + text.length()) && before(text.data(), bytes + length);
+  });
+}
+
+template <class Layout>
 void TagValueHeader<Layout>::keepTexts(char const *bytes, int length) {
   // Where the text ends; 0 for one that is no view on the bytes.
   auto const endOf = [&](tvstring const &text) {

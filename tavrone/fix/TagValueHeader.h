@@ -118,6 +118,8 @@ class TAVRONE_API TagValueHeader : public GenericDataObject, public MessageHeade
   // it has an owner. Raises as t_atoi does for a number, and as the field's setter.
   bool setTag(int tag, tvstring const &value);
 
+  // Whether a text of the header reaches into bytes[0, length).
+  bool hasTextIn(char const *bytes, int length) const;
   // Makes the texts that are views on bytes[0, length), which nobody owns, share one copy, which goes as far as they
   // do.
   void keepTexts(char const *bytes, int length);

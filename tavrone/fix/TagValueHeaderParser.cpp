@@ -27,7 +27,13 @@ void TagValueHeaderParser<Binding>::parseHeader(Header *header, Tokenizer &token
 // The header is read from the bytes as they stand. Only then is it known how many of them it needs.
 template <class Binding>
 void TagValueHeaderParser<Binding>::parseHeader(Header &header, char const *bytes, int length) {
-  Tokenizer tokenizer(Binary(bytes, static_cast<std::size_t>(std::max(length, 0)), false).asText(), SOH);
+  Binary const message(bytes, static_cast<std::size_t>(std::max(length, 0)), false);
+  if (header.hasTextIn(bytes, std::max(length, 0))) {
+    // Bytes that the header itself keeps may go with the text that a field replaces.
+    tvstring const copy(message.data(), message.length());
+    return parseHeader(header, copy.data(), length);
+  }
+  Tokenizer tokenizer(message.asText(), SOH);
   try {
     parseHeader(&header, tokenizer);
   } catch (TransformException &failure) {

@@ -50,6 +50,17 @@ TEST(FIXHeader, KeepsEachParsedFieldButSendingTime) {
             "TargetSubID=t SendingTime=null ");
 }
 
+TEST(FIXHeader, ReadsATextOfItsOwn) {
+  FIXHeader header;
+  header.setSenderCompID(
+      tvstring("49=S\x01"
+               "56=T\x01"
+               "50=s\x01",
+               15));
+  header.parseHeader(header.getSenderCompID().data(), 15);
+  EXPECT_EQ(header.getSenderCompID() + header.getTargetCompID() + header.getSenderSubID(), "STs");
+}
+
 TEST(FIXHeader, OwnsWhatItReadBeforeAFailure) {
   FIXHeader header;
   {
