@@ -126,17 +126,17 @@ TEST(TagValueMessages, AreRefusedForWhatStandsInNoOrder) {
     EXPECT_FAILURE(FIXParsingException, c.parser.parse(bytes("8=FIX.4.4|34=7|" + c.body), context), c.failure);
 
   SIACOrderParser parser;
-  std::string const siac[][2] = {{"10=1|", ""},
-                                 {"11020={|26000=}|10=1|", ""},
-                                 {"", "Tag '10' expected."},
-                                 {"11020=2|", "Tag '11020' opens no group."},
-                                 {"11020={|11021=F|", "Tag '26000' expected."},
-                                 {"11020={|26999= |", "Unexpected tag 26999 in the group of tag '11020'."},
-                                 {"11020={|11021=F|26000=}|", "Unexpected tag 26000 in the group of tag '11020'."},
-                                 {"11020={|11021=F|26999= |26000=}|", "Tag '11022[CFT_LegRatio]' expected."},
-                                 {"26000=}|", "Unexpected tag 26000"}};
+  std::string const siac[][2] = {{"33|", ""},
+                                 {"33|11020={|26000=}|", ""},
+                                 {"32|", "Tag '10' expected."},
+                                 {"33|11020=2|", "Tag '11020' opens no group."},
+                                 {"33|11020={|11021=F|", "Tag '26000' expected."},
+                                 {"33|11020={|26999= |", "Unexpected tag 26999 in the group of tag '11020'."},
+                                 {"33|11020={|11021=F|26000=}|", "Unexpected tag 26000 in the group of tag '11020'."},
+                                 {"33|11020={|11021=F|26999= |26000=}|", "Tag '11022[CFT_LegRatio]' expected."},
+                                 {"33|26000=}|", "Unexpected tag 26000"}};
   for (auto const &[rest, failure] : siac) {
-    Binary const message = bytes("10001=Canonical|25001=32|" + SIAC_FIELDS + rest);
+    Binary const message = bytes("10001=Canonical|25001=" + rest.substr(0, 3) + SIAC_FIELDS + rest.substr(3));
     EXPECT_FAILURE(SIACCanonicalParsingException, SmartPtr<ExternalObject>(parser.parse(message, context)), failure);
   }
 }
