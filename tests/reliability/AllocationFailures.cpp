@@ -4,7 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "examples/messages/MainframeOrder.h"
-#include "tests/reliability/CountedHeap.h"
+#include "tests/CountedHeap.h"
+#include "tests/Text.h"
 #include "tests/reliability/MixedOrders.h"
 
 namespace tavrone {
@@ -25,21 +26,31 @@ bool isPast(long nth, bool staysEmpty, Body const &body) {
   return !heap::failed;
 }
 
+// Each allocation within what `attempt` hands to its argument fails in turn. The attempt tells whether all was right,
+// and nothing may be left behind.
+template <class Attempt>
+void failEachAllocation(std::string const &name, Attempt const &attempt) {
+  for (bool staysEmpty : {false, true}) {
+    bool isDone = false;
+    for (long n = 0; !isDone; ++n) {
+      long const before = heap::alive;
+      bool const isRight = attempt([&](auto const &body) { isDone = isPast(n, staysEmpty, body); });
+      ASSERT_EQ(heap::alive - before, 0) << name << ": allocation " << n << (staysEmpty ? " and all behind" : "");
+      ASSERT_TRUE(isRight) << name << ": allocation " << n;
+    }
+  }
+}
+
 // The use gives a text that depends on nothing but its input, and leaves nothing behind.
 template <class Use>
 void expectSound(std::string const &name, Use const &use) {
   std::string const expected = use();
   EXPECT_EQ(use(), expected) << name;
-  for (bool staysEmpty : {false, true}) {
-    bool isDone = false;
-    for (long n = 0; !isDone; ++n) {
-      long const before = heap::alive;
-      bool isRight = true;
-      isDone = isPast(n, staysEmpty, [&] { isRight = use() == expected; });
-      ASSERT_EQ(heap::alive - before, 0) << name << ": allocation " << n << (staysEmpty ? " and all behind" : "");
-      ASSERT_TRUE(isRight) << name << ": allocation " << n;
-    }
-  }
+  failEachAllocation(name, [&](auto const &failing) {
+    bool isRight = true;
+    failing([&] { isRight = use() == expected; });
+    return isRight;
+  });
 }
 
 class AllocationFailure : public testing::Test {
@@ -58,29 +69,15 @@ TEST_F(AllocationFailure, LeavesAHostThatTakesTheNextMessage) {
   std::vector<std::string> const messages = mixedMessages(12);
   std::vector<std::string> expected;
   for (std::string const &message : messages) expected.push_back(MixedOrders().outcome(message));
-  for (bool staysEmpty : {false, true}) {
-    for (size_t i = 0; i < messages.size(); ++i) {
+  for (size_t i = 0; i < messages.size(); ++i)
+    failEachAllocation(messages[i], [&](auto const &failing) {
       size_t const other = (i + 5) % messages.size();
-      bool isDone = false;
-      for (long n = 0; !isDone; ++n) {
-        long const before = heap::alive;
-        bool isRight = true;
-        {
-          MixedOrders host;
-          host.outcome(messages[i]);
-          isDone = isPast(n, staysEmpty, [&] { isRight = host.outcome(messages[i]) == expected[i]; });
-          isRight =
-              isRight && host.outcome(messages[i]) == expected[i] && host.outcome(messages[other]) == expected[other];
-        }
-        ASSERT_EQ(heap::alive - before, 0) << messages[i] << ": allocation " << n;
-        ASSERT_TRUE(isRight) << messages[i] << ": allocation " << n;
-      }
-    }
-  }
-}
-
-std::string str(tvstring const &text) {
-  return std::string(text.data(), text.length());
+      bool isRight = true;
+      MixedOrders host;
+      host.outcome(messages[i]);
+      failing([&] { isRight = host.outcome(messages[i]) == expected[i]; });
+      return isRight && host.outcome(messages[i]) == expected[i] && host.outcome(messages[other]) == expected[other];
+    });
 }
 
 template <class T>

@@ -41,21 +41,18 @@ struct SameFCSNumber : OrderToFCSOrder {
   }
 };
 
+template <FixedText... Names, class To, class From>
+void copySame(To &to, From const &from) {
+  (copyField<Names, Names>(to, from), ...);
+}
+
 // A tagged order as the Universal format writes it, from the internal one.
 struct OrderToTagged : OutputMappingRules {
   void mapDataFields0(DataObject *source, DataObject *target) override {
     auto const &order = *checkedCast<Order>(source);
     TaggedOrder &to = checkedCast<TaggedOrderFile>(target)->section<"Orders">().add();
-    to.set<"OrderID">(order.get<"OrderID">());
-    to.set<"Account">(order.get<"Account">());
-    to.set<"Symbol">(order.get<"Symbol">());
-    to.set<"Side">(order.get<"Side">());
-    to.set<"Quantity">(order.get<"Quantity">());
-    to.set<"Price">(order.get<"Price">());
-    to.set<"TradeDate">(order.get<"TradeDate">());
-    to.set<"TransactTime">(order.get<"TransactTime">());
-    copyField<"AllOrNone", "AllOrNone">(to, order);
-    copyField<"Text", "Text">(to, order);
+    copySame<"OrderID", "Account", "Symbol", "Side", "Quantity", "Price", "TradeDate", "TransactTime", "AllOrNone",
+             "Text">(to, order);
     for (Leg const &leg : order.section<"Legs">()) to.section<"Legs">().add() = leg;
   }
 };

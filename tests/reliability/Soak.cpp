@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <random>
 
-#include "tests/reliability/CountedHeap.h"
+#include "tests/CountedHeap.h"
 #include "tests/reliability/MixedOrders.h"
 
 namespace tavrone {
@@ -51,28 +51,16 @@ class Stream {
 
   void change() {
     size_t const at = below(message_.size());
-    switch (below(6)) {
-      case 0:
-        message_.replace(at, 1, 1, anyByte());
-        break;
-      case 1:
-        message_.insert(at, 1, anyByte());
-        break;
-      case 2:
-        message_.erase(at, 1 + below(8));
-        break;
-      case 3:
-        message_.resize(at);
-        break;
-      case 4:
-        message_.replace(at, 1, 1, static_cast<char>('0' + below(10)));
-        break;
-      default: {  // the rest of another message
-        std::string const &other = any();
-        message_.resize(at);
-        message_.append(other, below(other.size()), std::string::npos);
-      }
-    }
+    size_t const kind = below(6);
+    if (kind == 0) message_.replace(at, 1, 1, anyByte());
+    if (kind == 1) message_.insert(at, 1, anyByte());
+    if (kind == 2) message_.erase(at, 1 + below(8));
+    if (kind == 3) message_.replace(at, 1, 1, static_cast<char>('0' + below(10)));
+    if (kind < 4) return;
+    message_.resize(at);
+    if (kind == 4) return;
+    std::string const &other = any();  // whose rest follows
+    message_.append(other, below(other.size()), std::string::npos);
   }
 
   std::vector<std::string> const samples_;

@@ -10,12 +10,14 @@
 namespace heap {
 
 inline std::atomic<long> alive = 0;           // blocks, of all threads
+inline thread_local int allocations = 0;      // tried by this thread
 inline thread_local long countdown = -1;      // allocations of this thread up to the one that fails; below 0 none does
 inline thread_local bool staysEmpty = false;  // whether all behind the failing one fail, too
 inline thread_local bool failed = false;
 
 // Out of line, or the compiler takes malloc and operator delete for a mismatch.
 __attribute__((noinline)) inline void *allocate(std::size_t size) noexcept {
+  ++allocations;
   if (countdown >= 0 && countdown-- == 0) {
     if (staysEmpty) countdown = 0;
     failed = true;
