@@ -3,7 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "tests/reliability/MixedOrders.h"
+#include "examples/mixed/MixedOrders.h"
 
 namespace tavrone {
 namespace {

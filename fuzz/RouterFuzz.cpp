@@ -1,6 +1,6 @@
 // Messages of all wire formats through one router that is kept: what comes of a message is the same when it comes again
 // behind others, and what was written is taken and written as it is.
-#include "tests/reliability/MixedOrders.h"
+#include "examples/mixed/MixedOrders.h"
 #include "tests/FuzzInput.h"
 
 namespace {

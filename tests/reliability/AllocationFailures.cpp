@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "examples/messages/MainframeOrder.h"
+#include "examples/mixed/MixedOrders.h"
 #include "tests/CountedHeap.h"
 #include "tests/Text.h"
-#include "tests/reliability/MixedOrders.h"
 
 namespace tavrone {
 namespace {

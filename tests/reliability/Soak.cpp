@@ -8,8 +8,8 @@
 #include <cstdio>
 #include <random>
 
+#include "examples/mixed/MixedOrders.h"
 #include "tests/CountedHeap.h"
-#include "tests/reliability/MixedOrders.h"
 
 namespace tavrone {
 namespace {

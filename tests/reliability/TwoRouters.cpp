@@ -6,7 +6,7 @@
 
 #include <thread>
 
-#include "tests/reliability/MixedOrders.h"
+#include "examples/mixed/MixedOrders.h"
 
 namespace tavrone {
 namespace {
