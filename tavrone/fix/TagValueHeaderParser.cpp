@@ -1,6 +1,7 @@
 #include "tavrone/fix/TagValueHeaderParser.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "tavrone/core/Binary.h"
 #include "tavrone/fix/FIXHeaderParser.h"
@@ -26,7 +27,7 @@ void TagValueHeaderParser<Binding>::parseHeader(Header *header, Tokenizer &token
 
 // The header is read from the bytes as they stand. Only then is it known how many of them it needs.
 template <class Binding>
-void TagValueHeaderParser<Binding>::parseHeader(Header &header, char const *bytes, int length) {
+void TagValueHeaderParser<Binding>::parseHeader(Header &header, char const *bytes, int length) try {
   Binary const message(bytes, static_cast<std::size_t>(std::max(length, 0)), false);
   if (header.hasTextIn(bytes, std::max(length, 0))) {
     // Bytes that the header itself keeps may go with the text that a field replaces.
@@ -42,6 +43,9 @@ void TagValueHeaderParser<Binding>::parseHeader(Header &header, char const *byte
     Binding::fail(failure);
   }
   header.keepTexts(bytes, tokenizer.getCurrentIndex());
+} catch (std::exception const &) {
+  header.init();  // without memory to keep its texts it is left with none: they were views on the caller's bytes
+  throw;
 }
 
 template class TagValueHeaderParser<FIXHeaderBinding>;
