@@ -162,6 +162,10 @@ FIGURES = {
         Row("`processMessage`: NewOrderSingle in, a line out", "NewOrderSingle to a line/processMessage",
             "NewOrderSingle to a line/QuickFIX", "QuickFIX and `snprintf`", ratio=0.25),
     ],
+    "Threads": [
+        Row("two threads, a router in each; a message of either", "BM_RouterForEachThread/real_time/threads:2",
+            "BM_RouterForEachThread/real_time/threads:1", "one thread", ratio=round(1 / 1.9, 3), unit="item"),
+    ],
 }
 
 NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
