@@ -492,9 +492,11 @@ class Reader {
 
   char const *boolean(char const *at, bool &value) {
     if (end_ - at >= 6) [[likely]] {
-      value = std::memcmp(at, "\4true", 5) == 0;
-      if (value) return at + 5;
-      if (std::memcmp(at, "\5false", 6) == 0) return at + 6;
+      bool const isTrue = std::memcmp(at, "\4true", 5) == 0;
+      if (isTrue || std::memcmp(at, "\5false", 6) == 0) {
+        value = isTrue;
+        return at + (isTrue ? 5 : 6);
+      }
     }
     return spelled(at, value);
   }

@@ -284,6 +284,11 @@ TEST(DataObjectIO, BrokenStreamsFail) {
         {"0901787800", "'m_apm_set_string', Non-digit char found in parse"}};
     for (auto const &[hex, text] : cases)
       EXPECT_EQ(failureOf<TransformException>([&, h = hex] { DataObjectIO::parse(order.get(), bytes(h)); }).text, text);
+    // What cannot be read leaves the value that is there.
+    SmartPtr<DataObject> const kept = newOrder(form);
+    EXPECT_FAILURE(TransformException, DataObjectIO::parse(kept.get(), bytes("0C04747275650C02747200000000")),
+                   "Cannot convert tr to boolean");
+    EXPECT_EQ(hexOf(kept.get()), "0C047472756500");
     EXPECT_FAILURE(FieldNotFoundException, DataObjectIO::parse(order.get(), bytes("FFFFFFFF0F")),
                    "Field at index -2 not defined");
     EXPECT_FAILURE(TransformException, DataObjectIO::parse(order.get(), "", -1), END);
