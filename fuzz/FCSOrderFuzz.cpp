@@ -1,6 +1,6 @@
 // FCS messages of any bytes through the three example messages and the input format. What is read without a failure and
-// written is read again to the same text, but for trailers, which may then be found no more. Objects that are used
-// again show nothing of the message before.
+// written is read again to the same text, but for the trailer: a word of its text may be found as its number then, or
+// nothing. Objects that are used again show nothing of the message before.
 #include "examples/messages/FCSOrder.h"
 #include "tests/FuzzInput.h"
 #include "tests/Text.h"
@@ -21,6 +21,11 @@ std::string Orders::text;
 
 bool const BOUND = bindFactory<Orders>("Order");
 
+std::string withoutTrailer(Binary const &written) {
+  std::string const text = str(written.toString());
+  return text.substr(0, text.rfind('\n'));
+}
+
 template <class Message>
 void readAndWrite(Binary const &bytes) {
   static SmartPtr<Message> const message(new Message);
@@ -32,7 +37,8 @@ void readAndWrite(Binary const &bytes) {
   Binary const written = message->serialize(parsed.value, context);
   if (bytes.toString().find('\r') != tvstring::npos) return;  // one before a written line feed is no text any more
   auto const again = message->parse2(written, context);
-  if (again.exceptions.empty()) require(message->serialize(again.value, context) == written);
+  if (again.exceptions.empty())
+    require(withoutTrailer(message->serialize(again.value, context)) == withoutTrailer(written));
 }
 
 // By an input format and its kept objects.
