@@ -153,8 +153,8 @@ void ExecutionReportWriter::writeData(DataObject *data, TransformContext &) {
   writeRequired<"OrderID">("37", report);
   write<"ClOrdID">("11", report);
   write<"OrigClOrdID">("41", report);
-  writeGroup("382", report.section<"ContraBrokers">(), [&](ContraBroker const &broker) {
-    write<"ContraBroker">("375", broker);
+  writeGroup("382", report.section<"ContraBrokers">(), [&](ContraBroker &broker) {
+    writeRequired<"ContraBroker">("375", broker);
     write<"ContraTrader">("337", broker);
     write<"ContraTradeQty">("437", broker);
     write<"ContraTradeTime">("438", broker);

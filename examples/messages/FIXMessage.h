@@ -68,6 +68,7 @@ class FIXMessageWriter : public TagValueMessageWriter<FIXWire> {
   void writeHeader(DataObject *header, TransformContext &context) override;
 
  protected:
+  // An element's first field is required: a reader knows the element by it.
   template <class Group, class WriteElement>
   void writeGroup(char const *counterTag, Group &group, WriteElement const &writeElement) {
     if (group.size() == 0) return;

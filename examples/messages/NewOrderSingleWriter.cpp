@@ -7,14 +7,14 @@ NewOrderSingleWriter::~NewOrderSingleWriter() noexcept(false) = default;
 void NewOrderSingleWriter::writeData(DataObject *data, TransformContext &) {
   auto &order = *checkedCast<NewOrderSingle>(data);
   writeRequired<"ClOrdID">("11", order);
-  writeGroup("453", order.section<"PartyIDs">(), [&](OrderParty const &party) {
-    write<"PartyID">("448", party);
+  writeGroup("453", order.section<"PartyIDs">(), [&](OrderParty &party) {
+    writeRequired<"PartyID">("448", party);
     write<"PartyIDSource">("447", party);
     write<"PartyRole">("452", party);
   });
   write<"Account">("1", order);
-  writeGroup("78", order.section<"Allocs">(), [&](OrderAllocation const &allocation) {
-    write<"AllocAccount">("79", allocation);
+  writeGroup("78", order.section<"Allocs">(), [&](OrderAllocation &allocation) {
+    writeRequired<"AllocAccount">("79", allocation);
     write<"AllocQty">("80", allocation);
   });
   write<"HandlInst">("21", order);

@@ -158,9 +158,10 @@ class TagValueMessageWriter : public Wire::Writer {
   void write(char const *tag, Type const &record) {
     if (!record.template isNull<Name>()) append(Name.text, tag, record.template get<Name>());
   }
+  // Nothing would be written of an empty text, so that it counts as none.
   template <FixedText Name, class Type>
   void writeRequired(char const *tag, Type &record) {
-    if (record.template isNull<Name>())
+    if (record.template isNull<Name>() || isEmptyText(std::as_const(record).template get<Name>()))
       this->requiredFieldMissing(&record, Type::template index<Name>, Parsing::parseInt(tag));
     append(Name.text, tag, std::as_const(record).template get<Name>());
   }
@@ -188,6 +189,11 @@ class TagValueMessageWriter : public Wire::Writer {
   }
 
  private:
+  template <class Value>
+  static bool isEmptyText(Value const &value) {
+    if constexpr (std::is_same_v<Value, tvstring>) return value.empty();
+    return false;
+  }
   // A whole number without the ".0" that its text would end with.
   void appendNumber(char const *tag, double value) {
     constexpr double EXACT = 1e15;

@@ -86,6 +86,9 @@ TEST(TagValueMessages, AreNotWrittenWithoutWhatTheyMustHave) {
   order.setNull<"Side">();
   EXPECT_FAILURE(FIXWriterException, message->serialize(object, context),
                  "Side is a mandatory field. Tag '54[Side]' cannot be null.");
+  order.section<"Allocs">().add().set<"AllocAccount">("");
+  EXPECT_FAILURE(FIXWriterException, message->serialize(object, context),
+                 "AllocAccount is a mandatory field. Tag '79[AllocAccount]' cannot be null.");
   SmartPtr<News> const news(new News);
   news->set<"Headline">("H");
   EXPECT_FAILURE(FIXWriterException, NewsWriter().writeData(news.get(), context),
