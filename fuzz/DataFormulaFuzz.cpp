@@ -126,7 +126,7 @@ void checkBigNumbers(FuzzInput &input) {
   require(F::ceiling(tenths) >= tenths && tenths > F::ceiling(tenths) - 1);
   try {
     int const exponent = takeIndex(input);
-    F::power(tenths, exponent);
+    F::power(tenths, exponent % 256 == 255 ? exponent : exponent % 64);  // a large one takes milliseconds
     F::toText(tenths, exponent);
     F::divide(tenths, BigDecimal(y), exponent);
     F::round(tenths, exponent);
