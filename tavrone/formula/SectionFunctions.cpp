@@ -107,7 +107,7 @@ std::vector<Key> keysOf(DataObjectSection *section, tvstring const &field) {
   std::vector<Key> keys;
   KeyFrom reader;
   visitField(section, field, reader, [&](bool hasValue, int) {
-    keys.push_back(hasValue ? std::move(reader.key) : Key());
+    keys.push_back(hasValue ? std::exchange(reader.key, Key()) : Key());
     return false;
   });
   return keys;

@@ -101,7 +101,7 @@ template <class T, class Found>
 SmartPtr<T> AbstractMessageFlow::lookupCached(tvstring const &name, Found (ILookupContext::*lookUp)(tvstring const &)) {
   if (ObjectRef *const kept = serviceCache_.get(name)) return checkedCast<T>(kept);
   init();
-  SmartPtr<T> const found = (lookupContext_.get()->*lookUp)(name);
+  SmartPtr<T> found = (lookupContext_.get()->*lookUp)(name);
   // Text of its own: the name may be a view on bytes that go.
   serviceCache_.put(tvstring(name.data(), name.length()), found.get());
   return found;
