@@ -7,9 +7,13 @@ FIXMessageWriter::~FIXMessageWriter() noexcept(false) = default;
 void FIXMessageWriter::writeHeader(DataObject *object, TransformContext &) {
   using Layout = FIXHeaderLayout;
   auto &header = *checkedCast<FIXHeader>(object);
-  for (int const field : {Layout::BEGIN_STRING, Layout::MSG_TYPE, Layout::MSG_SEQ_NUM})
-    if (header.isNull(field))
-      raise<FIXWriterException>(header.getFieldName(field) + " is a mandatory field.", "examples/FIXMessageWriter");
+  auto const require = [&](int field, bool isThere) {
+    if (isThere && !header.isNull(field)) return;
+    raise<FIXWriterException>(header.getFieldName(field) + " is a mandatory field.", "examples/FIXMessageWriter");
+  };
+  require(Layout::BEGIN_STRING, !header.getBeginString().empty());
+  require(Layout::MSG_TYPE, !header.getMsgType().empty());
+  require(Layout::MSG_SEQ_NUM, true);
   auto const text = [&](char const *tag, int field, tvstring const &value) {
     if (!header.isNull(field)) append(Layout::FIELDS[static_cast<size_t>(field)].name, tag, value);
   };

@@ -127,7 +127,7 @@ class FieldRoom {
       std::memcpy(at_, from, 2);
       std::memcpy(at_ + n - 2, from + n - 2, 2);
     } else if (n == 1) {
-      *at_ = *from;
+      std::memcpy(at_, from, 1);
     }
   }
 
@@ -147,7 +147,7 @@ inline void layOut(FieldText const &digits, bool negative, int width, bool right
 }
 
 inline void checkWidth(FieldText const &digits, bool negative, long long width) {
-  if (width < static_cast<long long>(digits.size() + (negative ? 1 : 0)))
+  if (width < static_cast<long long>(digits.size()) + (negative ? 1 : 0))
     raiseCannotRepresent(digits.toString(), width, "digits");
 }
 

@@ -89,6 +89,8 @@ TEST(TagValueMessages, AreNotWrittenWithoutWhatTheyMustHave) {
   order.section<"Allocs">().add().set<"AllocAccount">("");
   EXPECT_FAILURE(FIXWriterException, message->serialize(object, context),
                  "AllocAccount is a mandatory field. Tag '79[AllocAccount]' cannot be null.");
+  dynamic_cast<FIXHeader &>(*dynamic_cast<ExternalObject &>(*object).getHeader()).setMsgType("");
+  EXPECT_FAILURE(FIXWriterException, message->serialize(object, context), "MsgType is a mandatory field.");
   SmartPtr<News> const news(new News);
   news->set<"Headline">("H");
   EXPECT_FAILURE(FIXWriterException, NewsWriter().writeData(news.get(), context),
