@@ -109,8 +109,14 @@ SmartPtr<IOutputContext> TransformContext::getOutputContext() {
   return outputContext_;
 }
 
-IOutputContext *TransformContext::findOutputContext() const {
-  return outputContext_.get();
+// A subclass may give another one, or none, by getOutputContext.
+SmartPtr<IOutputContext> TransformContext::findOutputContext() {
+  if (typeid(*this) == typeid(TransformContext)) return outputContext_;
+  try {
+    return getOutputContext();
+  } catch (TransformException const &) {
+    return nullptr;
+  }
 }
 
 SmartPtr<IOutputContext> TransformContext::exchangeOutputContext(SmartPtr<IOutputContext> output) {
@@ -171,7 +177,7 @@ SmartPtr<IOutputContext> TransformContextWrapper::getOutputContext() {
 void TransformContextWrapper::clear() {
   context_->clear();
 }
-IOutputContext *TransformContextWrapper::findOutputContext() const {
+SmartPtr<IOutputContext> TransformContextWrapper::findOutputContext() {
   return context_->findOutputContext();
 }
 SmartPtr<IOutputContext> TransformContextWrapper::exchangeOutputContext(SmartPtr<IOutputContext> output) {

@@ -61,8 +61,8 @@ class TAVRONE_API TransformContext : public Object {
   virtual void copyTo(TransformContext &target);
   // Drops text properties and output context; object properties stay.
   virtual void clear();
-  // What getOutputContext gives, borrowed, for those who can do without: null if there is none.
-  virtual IOutputContext *findOutputContext() const;
+  // What getOutputContext gives, for those who can do without: null if there is none.
+  virtual SmartPtr<IOutputContext> findOutputContext();
   // Puts the given output context in place of the one that is there, which it returns. Both may be null.
   virtual SmartPtr<IOutputContext> exchangeOutputContext(SmartPtr<IOutputContext> output);
 
@@ -109,7 +109,7 @@ class TAVRONE_API TransformContextWrapper : public TransformContext {
   SmartPtr<IOutputContext> getOutputContext() override;
   // Leaves the wrapper's own properties in place.
   void clear() override;
-  IOutputContext *findOutputContext() const override;
+  SmartPtr<IOutputContext> findOutputContext() override;
   SmartPtr<IOutputContext> exchangeOutputContext(SmartPtr<IOutputContext> output) override;
 
   TransformContext *getTransformContext() const { return context_; }

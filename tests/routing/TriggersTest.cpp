@@ -141,7 +141,7 @@ struct RouterTriggers : testing::Test {
     } catch (TransformException const &e) {
       out = str(e.getMessage() + "/" + e.getPhase()).substr(0, 40);
     }
-    if (IOutputContext *const output = context.findOutputContext())
+    if (SmartPtr<IOutputContext> const output = context.findOutputContext(); !output.isNull())
       for (ByteArrayOutputDevice *device : output->getOutputDevices()) out += device->getAsString();
     return out;
   }
@@ -166,6 +166,23 @@ TEST_F(RouterTriggers, HandAMessageOnWithItsOutputAndWithoutItsProperties) {
   }
   EXPECT_EQ(words(second.made * 100 + mapping.made * 10 + output.made, Tracked<Line>::alive), "111 0");
   EXPECT_EQ(context.getOutputContext()->getRefCount(), 2) << "no trigger keeps it";
+}
+
+// A context of a host's own, with its output elsewhere.
+TEST_F(RouterTriggers, WriteToTheOutputThatTheContextGives) {
+  struct OwnOutput : TransformContext {
+    SmartPtr<IOutputContext> getOutputContext() override {
+      return own.isNull() ? TransformContext::getOutputContext() : own;
+    }
+    SmartPtr<IOutputContext> own;
+  } other;
+  TransformContextWrapper wrapper(&other);
+  SmartPtr<IInternalMessage> const first = new Chained<'1'>;
+  EXPECT_EQ(handled(*first, "a", other), "The transform context cannot accept outp");
+  other.createOutputContext();
+  other.own = new IOutputContextImpl;
+  EXPECT_EQ(handled(*first, "b", other), "b>|name");
+  EXPECT_EQ(handled(*first, "c", wrapper), "b>|namec>|name");
 }
 
 TEST_F(RouterTriggers, WorkAsCopiesOnTheSameConfiguration) {
