@@ -1,6 +1,8 @@
 #pragma once
 
+#include <type_traits>
 #include <typeinfo>
+#include <utility>
 
 #include "tavrone/core/Exceptions.h"
 #include "tavrone/dataobject/FieldAccess.h"
@@ -81,16 +83,16 @@ char *walkHeld(char *at, DataObject &object, Sink &&sink) {
   return at;
 }
 
-// A wrapper that tells whether anybody has filled it.
+// A wrapper that tells whether anybody has filled it with a value of its own type, and so one that no setter changed.
 template <class Wrapper>
 class Watched final : public Wrapper {
  public:
   bool isFilled() const { return isFilled_; }
 
-#define TAVRONE_WATCHED(set, Parameter) \
-  void set(Parameter value) override {  \
-    Wrapper::set(value);                \
-    isFilled_ = true;                   \
+#define TAVRONE_WATCHED(set, Parameter)                                \
+  void set(Parameter value) override {                                 \
+    Wrapper::set(value);                                               \
+    isFilled_ = std::is_same_v<std::remove_cvref_t<Parameter>, Value>; \
   }
   TAVRONE_WATCHED(setInt, int)
   TAVRONE_WATCHED(setLong, long long)
@@ -104,10 +106,15 @@ class Watched final : public Wrapper {
   TAVRONE_WATCHED(setISODate, ISODateTime const &)
   TAVRONE_WATCHED(setString, tvstring const &)
   TAVRONE_WATCHED(setBinary, Binary const &)
-  TAVRONE_WATCHED(setObject, Object const *)
 #undef TAVRONE_WATCHED
+  void setObject(Object const *value) override {
+    Wrapper::setObject(value);
+    isFilled_ = value != nullptr && typeid(*value) == typeid(Wrapper);
+  }
 
  private:
+  using Value = std::remove_cvref_t<decltype(std::declval<Wrapper const &>().getValue())>;
+
   bool isFilled_ = false;
 };
 

@@ -76,6 +76,24 @@ TEST(DataObjectXML, RendersEveryKindOfField) {
   }
 }
 
+// The text of what the accessors give, even where the metadata says another type.
+TEST(DataObjectXML, RendersTheValuesOfMembersOfOtherTypes) {
+  struct Odd : AbstractDataObject {
+    explicit Odd(DataObjectMetaInfo *type) : AbstractDataObject(type, flags, nullptr) {}
+    Object *clone() const override { return nullptr; }
+    Object *getField0(int index, Object *out) const override {
+      if (out == nullptr) return index == 0 ? static_cast<Object *>(new LongObject(5000000000)) : new DoubleObject(2.5);
+      index == 0 ? out->setLong(5000000000) : out->setDouble(2.5);
+      return out;
+    }
+    bool flags[2] = {true, true};
+  };
+  char const *names[] = {"Long", "Double"}, *types[] = {"Integer", "Long"};
+  DataObjectMetaInfo type("Odd", names, types, 2);
+  SmartPtr<Odd> const odd(new Odd(&type));
+  EXPECT_EQ(str(odd->toXMLString()), "<Odd>\n\t<Long>5000000000</Long>\n\t<Double>2.5</Double>\n</Odd>\n");
+}
+
 TEST(DataObjectXML, IndentsAsDeepAsTold) {
   SmartPtr<DataObject> const leg(new GeneratedLeg);
   leg->setField("Symbol", StringObject("<"));
