@@ -78,7 +78,7 @@ bool AbstractDataObject::isEmpty() const {
     SmartPtr<Object> const value(getField(i));
     if (value.isNull()) continue;
     auto *section = dynamic_cast<SectionObject *>(value.get());
-    if (section == nullptr || !section->getSection()->isEmpty()) return false;
+    if (section == nullptr || (section->getSection() != nullptr && !section->getSection()->isEmpty())) return false;
   }
   return true;
 }

@@ -160,10 +160,11 @@ void DataObjectBase::copy(DataObject const *from, DataObject *to) {
   int const count = from->getFieldCount();
   for (int i = 0; i < count; ++i) {
     SmartPtr<Object> const value(from->getField(i));
-    if (auto *section = dynamic_cast<SectionObject *>(value.get()))
-      copySection(*section->getSection(), *to->getSection(i));
-    else
+    auto *section = dynamic_cast<SectionObject *>(value.get());
+    if (section == nullptr)
       to->setField(i, value.get());
+    else if (section->getSection() != nullptr)
+      copySection(*section->getSection(), *to->getSection(i));
   }
 }
 

@@ -47,7 +47,7 @@ GenericDataObject::GenericDataObject(GenericDataObject const &other)
     Object const *value = other.valueAt(i);
     if (value == nullptr) continue;
     auto const *section = dynamic_cast<SectionObject const *>(value);
-    if (section == nullptr) {
+    if (section == nullptr || section->getSection() == nullptr) {
       store(i, value->clone());
       continue;
     }
@@ -145,7 +145,8 @@ bool GenericDataObject::isEmpty() const {
   for (int i = 0; i < fieldCount_; ++i) {
     if (valueAt(i) == nullptr) continue;
     auto const *section = dynamic_cast<SectionObject const *>(valueAt(i));
-    bool const empty = section != nullptr ? section->getSection()->isEmpty() : metaInfo_->isSynthesized(i);
+    DataObjectSection const *const elements = section == nullptr ? nullptr : section->getSection();
+    bool const empty = section == nullptr ? metaInfo_->isSynthesized(i) : elements == nullptr || elements->isEmpty();
     if (!empty) return false;
   }
   return true;

@@ -146,6 +146,13 @@ TEST(GenericDataObject, CopiesHaveSectionsOfTheirOwn) {
   EXPECT_EQ(copy->getSection("Legs")->getParent(), nullptr);
   copy->setNull("Legs");
   EXPECT_EQ(copy->getSection("Legs")->getElementCount(), 0);
+
+  // A field that holds no section at all counts as empty.
+  SmartPtr<DataObject> const bare(new GenericDataObject(genericOrder(), false));
+  bare->setField("Legs", SectionObject(nullptr, false));
+  SmartPtr<DataObject> const bareCopy(checkedCast<DataObject>(bare->clone()));
+  DataObjectBase::copy(bare.get(), copy.get());
+  EXPECT_TRUE(bare->isEmpty() && bareCopy->isEmpty() && copy->isEmpty());
 }
 
 using examples::GeneratedLeg;
