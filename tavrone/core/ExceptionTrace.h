@@ -7,8 +7,9 @@ namespace tavrone {
 // The place in the source where a failure was raised. Line 0 means that there is none.
 class TAVRONE_API ExceptionTrace {
  public:
-  // Keeps the pointer: `fileName` is static text.
-  void setFileName(char const *fileName) { fileName_ = tvstring().static_string(fileName); }
+  void setFileName(char const *fileName) { fileName_ = fileName; }
+  // Static text, which is not copied.
+  void setFileName(tvstringliteral const &fileName) { fileName_ = fileName; }
   tvstring const &getFileName() const { return fileName_; }
   void setLine(int line) { line_ = line; }
   int getLine() const { return line_; }

@@ -19,7 +19,7 @@ TAVRONE_API tvstring catalogueCode(char const *key);
 template <class E>
 E failureAt(tvstring const &message, char const *file, int line, char const *key = nullptr) {
   E failure(message);
-  failure.getTrace().setFileName(file);
+  failure.getTrace().setFileName(tvstringliteral(file));
   failure.getTrace().setLine(line);
   if constexpr (std::is_base_of_v<ExceptionDataObject, E>)
     if (key != nullptr) failure.setErrorCode(catalogueCode(key));

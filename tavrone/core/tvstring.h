@@ -156,7 +156,9 @@ class TAVRONE_API tvstring {
   template <class Pointer>
   requires std::is_convertible_v<Pointer, char const *>
   constexpr tvstring(char const *text, Pointer) noexcept
-      : data_(text), length_(std::char_traits<char>::length(text)), owner_(nullptr) {}
+      : data_(text == nullptr ? EMPTY_TEXT : text),
+        length_(text == nullptr ? 0 : std::char_traits<char>::length(text)),
+        owner_(nullptr) {}
   // A view; adds a reference if told so and there is an owner.
   tvstring(char const *text, size_t length, chararray *owner, bool addRef) noexcept
       : data_(text), length_(length), owner_(owner) {

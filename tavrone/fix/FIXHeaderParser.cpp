@@ -3,7 +3,7 @@
 namespace tavrone {
 
 void FIXHeaderBinding::fail(TransformException &failure) {
-  failure.getTrace().setFileName(FIXFormat::HEADER_PARSER_SOURCE);
+  failure.getTrace().setFileName(tvstringliteral(FIXFormat::HEADER_PARSER_SOURCE));
   failure.getTrace().setLine(__LINE__);
   throw;
 }

@@ -13,7 +13,7 @@ constexpr char const *FIELDS_SOURCE = "cpp/FieldsValidationRules";
 FieldValidationException fieldInvalid(tvstring const &rule, tvstring const &field, char const *source,
                                       int line = __builtin_LINE()) {
   FieldValidationException failure("Validation '" + rule + "' failed. Field '" + field + "' is not valid", field);
-  failure.getTrace().setFileName(source);
+  failure.getTrace().setFileName(tvstringliteral(source));
   failure.getTrace().setLine(line);
   return failure;
 }

@@ -6,7 +6,7 @@ void SIACCanonicalHeaderBinding::fail(TransformException &failure) {
   SIACCanonicalParsingException typed(failure);
   typed.setErrorPhase(ExceptionObject::INPUT_PHASE);
   typed.setErrorType(ExceptionObject::ERROR_TYPE_PARSING);
-  typed.getTrace().setFileName(SIACCanonicalFormat::HEADER_PARSER_SOURCE);
+  typed.getTrace().setFileName(tvstringliteral(SIACCanonicalFormat::HEADER_PARSER_SOURCE));
   typed.getTrace().setLine(__LINE__);
   throw typed;
 }

@@ -10,6 +10,9 @@ namespace {
 
 TEST(DraconianExceptionHandler, ReducesAnExceptionToItsRecordAndTrace) {
   auto e = failureAt<FieldNullException>("null", "cpp/Source", 12, "SRT500");
+  char file[] = "cpp/Source";
+  e.getTrace().setFileName(file);
+  file[0] = 'x';  // the text was copied
   e.fillPhase("Input");
   ExceptionDataObject record(e);
   for (ExceptionDataObject *given : {static_cast<ExceptionDataObject *>(&e), &record}) {

@@ -62,6 +62,7 @@ TEST(Resources, AskBundlesInAscendingOrderAndSkipEmptyValues) {
   EXPECT_EQ(Resources::getProperty("test.empty"), "filled");
   EXPECT_EQ(Resources::getProperty("TestB", "test.both"), "second");
   EXPECT_EQ(Resources::getProperty("TestC", "test.both"), "");
+  EXPECT_EQ(Resources::getProperty(nullptr) + Resources::getProperty("TestB", nullptr), "");
   EXPECT_EQ(Resources::getProperty("TestB", "unknown"), "");
 }
 
