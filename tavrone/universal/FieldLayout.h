@@ -216,17 +216,21 @@ class FixedDouble {
         fractionDigits_(fractionDigits),
         point_(point) {
     checkWidth(whole_, parts_.isNegative(), integerDigits);
-    checkWidth(fraction_, false, fractionDigits);
   }
 
   size_t size() const {
     return static_cast<size_t>(integerDigits_) + static_cast<size_t>(fractionDigits_) + (point_ != '\0' ? 1 : 0);
   }
-  int length() const { return lengthOf(size()); }
+  int length() const {
+    checkFraction();
+    return lengthOf(size());
+  }
+  // A fraction that does not fit fails behind what stands before it.
   void appendTo(ByteBuffer &out, char fill) const {
     FieldRoom room(out, size());
     layOut(whole_, parts_.isNegative(), integerDigits_, true, fill, room);
     if (point_ != '\0') room.put(point_);
+    checkFraction();
     layOut(fraction_, false, fractionDigits_, true, '0', room);
   }
 
@@ -236,6 +240,7 @@ class FixedDouble {
       raiseCannotRepresent(doubleToString(value), fractionDigits, "digits");
     return SplitDouble(value, integerDigits);
   }
+  void checkFraction() const { checkWidth(fraction_, false, fractionDigits_); }
 
   SplitDouble parts_;
   FieldText whole_;
