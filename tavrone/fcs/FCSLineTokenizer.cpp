@@ -188,8 +188,14 @@ bool FCSLineTokenizer::isPrice() const {
 
 double FCSLineTokenizer::parsePrice() {
   tvstring const &price = getNextToken();
-  if (price.find('.') != tvstring::npos) return Parsing::parseDouble(price);
-  double const whole = Parsing::parseInt(price);
+  bool const hasPoint = price.find('.') != tvstring::npos;
+  double whole = 0;
+  try {
+    whole = hasPoint ? Parsing::parseDouble(price) : Parsing::parseInt(price);
+  } catch (TransformException const &failure) {
+    fail(failure.getMessage());
+  }
+  if (hasPoint) return whole;
   tvstring const &next = peekNextToken();
   if (next.empty() || !isDigit(next[0])) return whole;
   double const fraction = readFraction();

@@ -103,8 +103,8 @@ class TAVRONE_API FCSLineTokenizer {
   // Takes a price: a decimal ("12.5"), or a whole number that a fraction may follow ("12 3/8"). Any token behind a
   // whole number that begins with a digit is taken for its fraction, so "100 200" fails. Raises "Unexpected character
   // in fraction part of price" and "Illegal fraction part of price" (numerator or denominator missing, 0 or past an
-  // int); of a whole part that is no number, what Parsing::parseDouble or t_atoi raises. The whole part is then behind,
-  // a fraction is not.
+  // int), and the words of Parsing::parseDouble or t_atoi for a whole part that is no number. The whole part is then
+  // behind, a fraction is not.
   double parsePrice();
 
   // Raises "Error parsing line '<name>', unexpected tokens at the end of line. Remaining '<rest>'" if tokens remain.

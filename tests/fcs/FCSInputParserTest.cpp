@@ -195,7 +195,7 @@ TEST(FCSLineTokenizer, ReadsPricesAndStaysBehindTheWholePartOfThoseThatItCannotR
         std::string text;
         try {
           text = words(t.parsePrice());
-        } catch (TransformException const &failure) {
+        } catch (FCSParseException const &failure) {
           text = str(failure.getMessage());
         }
         return text + " at " + std::to_string(t.mark());
