@@ -12,8 +12,10 @@ namespace {
 
 constexpr char const *SOURCE = "cpp/formula/DateFunctions";
 
+// Unchanged for what would stand before the first Julian day.
 DateTime moved(DateTime const &value, long long seconds, int milliseconds = 0) {
-  return value + TimeSpan(seconds, milliseconds);
+  bool const isBefore = value.getTimeSpan().getTotalSeconds() + seconds < 0;
+  return isBefore ? value : value + TimeSpan(seconds, milliseconds);
 }
 
 // Months since January of the year 0.
