@@ -16,9 +16,11 @@ std::unique_ptr<char[]> bufferFor(int capacity) {
   return std::unique_ptr<char[]>(new char[static_cast<size_t>(capacity) + 1]);
 }
 
+// With the terminator, too, a buffer is no larger than an int counts.
+constexpr int MAX_SIZE = std::numeric_limits<int>::max() - 1;
+
 int checkedSize(long long size) {
-  if (size < 0 || size > std::numeric_limits<int>::max())
-    raise<TransformException>("Out of bounds", "cpp/ByteArrayOutputDevice");
+  if (size < 0 || size > MAX_SIZE) raise<TransformException>("Out of bounds", "cpp/ByteArrayOutputDevice");
   return static_cast<int>(size);
 }
 
@@ -66,7 +68,7 @@ std::unique_ptr<char[]> ByteArrayOutputDevice::grow(int extra) {
   long long const needed = checkedSize(extra) + static_cast<long long>(length_);
   checkedSize(needed);
   long long const wanted = std::max(needed + 1, 2 * static_cast<long long>(capacity_));
-  int const capacity = static_cast<int>(std::min<long long>(wanted, std::numeric_limits<int>::max()));
+  int const capacity = static_cast<int>(std::min<long long>(wanted, MAX_SIZE));
   std::unique_ptr<char[]> larger = bufferFor(capacity);
   if (length_ != 0) std::memcpy(larger.get(), buffer_.get(), static_cast<size_t>(length_));
   buffer_.swap(larger);

@@ -54,7 +54,9 @@ TEST(ByteArrayOutputDevice, RefusesWhatAnIntCannotHold) {
     EXPECT_FAILURE(TransformException, device.write("b", length), "Out of bounds") << length;
     EXPECT_FAILURE(TransformException, device.expand(length), "Out of bounds") << length;
   }
-  EXPECT_EQ(failureOf<TransformException>([] { ByteArrayOutputDevice(INFO, -1); }).source, "cpp/ByteArrayOutputDevice");
+  for (int capacity : {-1, INT_MAX})  // with the terminator more than an int counts
+    EXPECT_EQ(failureOf<TransformException>([=] { ByteArrayOutputDevice(INFO, capacity); }).source,
+              "cpp/ByteArrayOutputDevice");
   EXPECT_STREQ(device.getAsString(), "a");
 }
 
