@@ -257,6 +257,8 @@ DateTime PropertyMapImpl::toValue(Object *value, DateTime const &defaultValue) {
 
 PropertyMapSubset::PropertyMapSubset(SmartPtr<IPropertyMap2> const &parent, tvstring const &prefix)
     : parent_(parent), prefix_(prefix) {}
+PropertyMapSubset::PropertyMapSubset(PropertyMapSubset const &other)
+    : Object(), ObjectRef(), PropertyMapForwarder(other), parent_(other.parent_), prefix_(other.prefix_) {}
 PropertyMapSubset::~PropertyMapSubset() noexcept(false) = default;
 
 TList<tvstring> PropertyMapSubset::getPropertyNames(PropertyNameFilter *filter) {

@@ -69,7 +69,7 @@ class TAVRONE_API PropertyMapSubset : public PropertyMapForwarder<PropertyMapSub
  public:
   // The prefix includes its trailing ".".
   PropertyMapSubset(SmartPtr<IPropertyMap2> const &parent, tvstring const &prefix);
-  PropertyMapSubset(PropertyMapSubset const &) = delete;
+  PropertyMapSubset(PropertyMapSubset const &other);
   PropertyMapSubset &operator=(PropertyMapSubset const &) = delete;
   ~PropertyMapSubset() noexcept(false) override;
 

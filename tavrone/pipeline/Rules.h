@@ -69,10 +69,12 @@ class TAVRONE_API FieldsValidationRules : public AbstractValidationRules {
   void validateHeader(DataObject *header, TransformContext &context);
   void validateTrailer(DataObject *trailer, TransformContext &context);
 
- protected:
-  // Raise FieldValidationException with the text above. The code becomes the internal code, the flag the field
-  // Cascadable, the index the property "index"; message and object are not used. Without a code it is empty.
+  // Raises FieldValidationException with the text above, as the full forms do.
   [[noreturn]] static void throwFieldInvalid(tvstring const &rule, tvstring const &field);
+
+ protected:
+  // The code becomes the internal code, the flag the field Cascadable, the index the property "index"; message and
+  // object are not used. Without a code it is empty.
   [[noreturn]] static void throwFieldInvalid(tvstring const &rule, tvstring const &field, bool cascadable,
                                              DataObject *object, int index);
   [[noreturn]] static void throwFieldInvalid(tvstring const &rule, tvstring const &field, tvstring const &message,
