@@ -30,15 +30,8 @@ AbstractMessageFlow::~AbstractMessageFlow() noexcept(false) = default;
 template <class Body>
 auto AbstractMessageFlow::runBody(TransformContext &context, ExceptionHandler *handler, Body const &body) {
   struct Run {
-    ~Run() noexcept(false) {
-      try {
-        flow.onEndMesageFlow();
-      } catch (...) {
-        if (std::uncaught_exceptions() == failures) throw;  // the trace failed, and nothing else
-      }
-    }
+    ~Run() { flow.onEndMesageFlow(); }
     AbstractMessageFlow &flow;
-    int const failures = std::uncaught_exceptions();
   };
   onStartMesageFlow(context, handler);
   Run const inProgress{*this};
