@@ -251,6 +251,13 @@ std::string useNumbers() {
   return str(object.toString() + Binary(third.toString()).toBase64String() + DateTime().toString("yyyy-MM-dd"));
 }
 
+// The table keeps a name that it was once told, so that no second use is like the first.
+TEST_F(AllocationFailure, OfTheNameOfAClassReleasesItsFactory) {
+  long const before = heap::alive;
+  EXPECT_FALSE(isPast(1, false, [] { UserClassManager::registerClass(ATTACHED, new Factory<StringObject>); }));
+  EXPECT_EQ(heap::alive, before);
+}
+
 struct SmallFlow : AbstractMessageFlow {
   SmallFlow() : AbstractMessageFlow("small") { addOutputPort("port", "memory", "memory"); }
   SmartPtr<DataObject> execute(SmartPtr<DataObject> const &object, TransformContext &context) override {
