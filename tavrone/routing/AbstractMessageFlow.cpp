@@ -1,7 +1,5 @@
 #include "tavrone/routing/AbstractMessageFlow.h"
 
-#include <exception>
-
 #include "tavrone/core/Class.h"
 #include "tavrone/core/Raise.h"
 #include "tavrone/core/Wrappers.h"
