@@ -221,6 +221,8 @@ class FixedDouble {
   size_t size() const {
     return static_cast<size_t>(integerDigits_) + static_cast<size_t>(fractionDigits_) + (point_ != '\0' ? 1 : 0);
   }
+  // For those whose failure is to leave nothing behind.
+  void checkFraction() const { checkWidth(fraction_, false, fractionDigits_); }
   int length() const {
     checkFraction();
     return lengthOf(size());
@@ -240,7 +242,6 @@ class FixedDouble {
       raiseCannotRepresent(doubleToString(value), fractionDigits, "digits");
     return SplitDouble(value, integerDigits);
   }
-  void checkFraction() const { checkWidth(fraction_, false, fractionDigits_); }
 
   SplitDouble parts_;
   FieldText whole_;

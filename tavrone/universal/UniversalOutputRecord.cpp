@@ -282,8 +282,9 @@ int UniversalOutputRecord::appendASCIIField(double value, char point) {
 int UniversalOutputRecord::appendASCIIField(double value, int integerDigits, int fractionDigits, char point) {
   onWriteField();
   FixedDouble const text(value, integerDigits, fractionDigits, point);
+  int const length = text.length();
   text.appendTo(buffer_, '0');
-  return text.length();
+  return length;
 }
 int UniversalOutputRecord::appendASCIIField(DateTime const &value, tvstring const &pattern) {
   onWriteField();  // a date may have no text
@@ -379,7 +380,9 @@ void UniversalOutputRecord::appendDelimitedField(double value, char point, tvstr
 void UniversalOutputRecord::appendDelimitedField(double value, int integerDigits, int fractionDigits, char point,
                                                  tvstring const &delimiter, char fill) {
   onWriteField();
-  FixedDouble(value, integerDigits, fractionDigits, point).appendTo(buffer_, fill);
+  FixedDouble const text(value, integerDigits, fractionDigits, point);
+  text.checkFraction();
+  text.appendTo(buffer_, fill);
   appendDelimiter(delimiter);
 }
 void UniversalOutputRecord::appendDelimitedField(BigDecimal const &value, tvstring const &delimiter) {

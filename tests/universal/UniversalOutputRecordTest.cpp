@@ -100,6 +100,8 @@ TEST(UniversalOutputRecord, DecimalsRoundTheirFractionAndNeverCarry) {
   EXPECT_EQ(fixed(-0.0, 2, 1, '.', true, '0'), "00.0");
   EXPECT_EQ(fixed(-0x1p63, 21, 1, '.', true, '0'), "--9223372036854775808.0");
   EXPECT_EQ(fixed(1.999, 3, 2, '.', true, '0'), "001.<Cannot represent '100' in 2 digits>");
+  EXPECT_EQ(fixed(1.999, 3, 2, '.'), "<Cannot represent '100' in 2 digits>");
+  EXPECT_EQ(delimited(1.999, 3, 2, '.', "|", '0'), "<Cannot represent '100' in 2 digits>");
   EXPECT_EQ(fixed(-10.0, 2, 2, '.', true, '0'), "<Cannot represent '10' in 2 digits>");
   EXPECT_EQ(fixed(1.5, 3, 0, '.', true, '0'), "001.<Cannot represent '1' in 0 digits>");
   EXPECT_EQ(fixed(1.5, 3, 19, '.', true, '0'), "<Cannot represent '1.5' in 19 digits>");
