@@ -1,5 +1,6 @@
 #include "tavrone/context/TransformContext.h"
 
+#include <typeinfo>
 #include <utility>
 
 #include "tavrone/core/Raise.h"
