@@ -44,7 +44,7 @@ class EmptyFormat : public IInputFormat {
 class Host {
  public:
   Host() {
-    directory_->rebind("Empty", new Factory<EmptyFormat>);
+    directory_->rebind("Empty", new FactoryOf<EmptyFormat>);
     auto *service = new MessageIdentificationService;
     service->registerMessageIdentifer(new KeepingIdentifier);
     router.setMessageIdentificationService(service);

@@ -7,7 +7,7 @@ namespace tavrone {
 
 // Makes objects of one class by its default constructor.
 template <class T>
-class Factory : public ObjectFactory {
+class FactoryOf : public ObjectFactory {
  public:
   Object *create() override { return new T; }
 };
@@ -19,7 +19,7 @@ class Factory : public ObjectFactory {
 //   static bool const bound = bindFactory<OrderFormat>("order.input");
 template <class T>
 bool bindFactory(tvstring const &name) {
-  LookupContextFactory::getLookupContext()->bind(name, new Factory<T>);
+  LookupContextFactory::getLookupContext()->bind(name, new FactoryOf<T>);
   return true;
 }
 
@@ -28,7 +28,7 @@ bool bindFactory(tvstring const &name) {
 //   static bool const registered = registerClass<PriceRule>("PriceRule");
 template <class T>
 bool registerClass(tvstring const &name) {
-  UserClassManager::registerClass(name, new Factory<T>);
+  UserClassManager::registerClass(name, new FactoryOf<T>);
   return true;
 }
 

@@ -7,7 +7,7 @@ namespace tavrone {
 
 // Empties the vector and deletes what it owned; an object that stands in it more than once is deleted once.
 template <class T>
-void deleteAll(std::vector<T *> &owned) {
+void deleteOwned(std::vector<T *> &owned) {
   std::vector<T *> objects;
   objects.swap(owned);
   std::sort(objects.begin(), objects.end());

@@ -30,7 +30,7 @@ struct Result {
       for (ExceptionDataObject const *record : other.exceptions)
         exceptions.push_back(checkedCast<ExceptionDataObject>(record->clone()));
     } catch (...) {
-      deleteAll(exceptions);
+      deleteOwned(exceptions);
       throw;
     }
   }
@@ -42,7 +42,7 @@ struct Result {
     exceptions.swap(other.exceptions);
     return *this;
   }
-  ~Result() noexcept(false) { deleteAll(exceptions); }
+  ~Result() noexcept(false) { deleteOwned(exceptions); }
 };
 
 }  // namespace tavrone

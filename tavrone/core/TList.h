@@ -63,7 +63,7 @@ class TAVRONE_API TList : public Object {
     if (n > 0) append(C(values, values + n));
   }
   void addAll(TList const &other) { append(C(*other.elements_)); }
-  void set(int index, T const &value) { (*this)[index] = value; }
+  void set(int index, T const &value) { (*this)[index] = T(value); }
   void removeElementAt(int index) { elements_->erase(begin() + static_cast<ptrdiff_t>(checked(index))); }
   void clear() { elements_->clear(); }
 

@@ -199,6 +199,17 @@ class Writer {
     return at + 1 + n;
   }
 
+  // By the value's class; what is no record and no section by the type text.
+  char *field(char *at, Object &value, tvstring const &type) {
+    if (auto *record = dynamic_cast<DataObject *>(&value)) return object(at, record, 0);
+    auto *const holder = dynamic_cast<SectionObject *>(&value);
+    if (holder == nullptr) return this->value(at, value, type);
+    DataObjectSection *const section = holder->getSection();
+    int const count = section == nullptr ? 0 : section->getElementCount();
+    at = putFast(room(at, MAX_FAST), static_cast<unsigned>(count));
+    for (int i = 0; i < count; ++i) at = object(at, section->getElement(i), 1);
+    return at;
+  }
   // By the type text alone.
   char *value(char *at, Object const &object, tvstring const &type) {
     return withKind(FieldMetaInfo::kindOf(type), [&](auto kind) {
@@ -651,7 +662,7 @@ void DataObjectIO::write(DataObject *object, ByteBuffer &out) {
 }
 
 void DataObjectIO::writeField(ByteBuffer &out, Object *value, tvstring const &type) {
-  work<Writer>(out, [&](Writer &writer, char *at) { return writer.value(at, *value, type); });
+  work<Writer>(out, [&](Writer &writer, char *at) { return writer.field(at, *value, type); });
 }
 
 void DataObjectIO::writeString(ByteBuffer &out, tvstring const &text) {

@@ -178,10 +178,10 @@ class TAVRONE_API DataObjectMetaInfo : public Object {
 
   tvstring name_;
   std::vector<FieldMetaInfo *> fields_;
-  std::vector<FieldPlace> places_;
   std::map<tvstring, FieldMetaInfo *> fieldMap_;
   std::map<tvstring, FieldMetaInfo *> mangledMap_;
   SectionMetaInfo *parentSection_ = nullptr;
+  std::vector<FieldPlace> places_;
 };
 
 }  // namespace tavrone

@@ -1,5 +1,7 @@
 #include "tavrone/fcs/FCSHeader.h"
 
+#include <typeinfo>
+
 namespace tavrone {
 
 namespace {
@@ -24,7 +26,7 @@ tvstring FCSHeader::getHeaderField(tvstring const &name) {
 }
 
 bool FCSHeader::tellsItsFields() const {
-  return !isNull(index<"MessageFormat">) && get<"MessageFormat">() == FORMAT;
+  return typeid(*this) == typeid(FCSHeader) && !isNull(index<"MessageFormat">) && get<"MessageFormat">() == FORMAT;
 }
 
 }  // namespace tavrone

@@ -5,9 +5,12 @@
 
 namespace tavrone {
 
+class FIXHeader;
+
 // The fields of the standard header by their indexes, and their tags.
 struct TAVRONE_API FIXHeaderLayout {
   using Format = FIXFormat;
+  using Header = FIXHeader;
 
   enum Field {
     BEGIN_STRING = 3,

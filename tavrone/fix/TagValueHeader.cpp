@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <typeinfo>
 
 #include "tavrone/core/Parsing.h"
 #include "tavrone/core/Raise.h"
@@ -85,7 +86,8 @@ tvstring TagValueHeader<Layout>::getHeaderField(tvstring const &name) {
 
 template <class Layout>
 bool TagValueHeader<Layout>::tellsItsFields() const {
-  return (flags_[MESSAGE_FORMAT] || text<MESSAGE_FORMAT>().empty()) &&
+  return typeid(*this) == typeid(typename Layout::Header) &&
+         (flags_[MESSAGE_FORMAT] || text<MESSAGE_FORMAT>().empty()) &&
          (flags_[MESSAGE_TYPE] || text<MESSAGE_TYPE>().empty()) &&
          (flags_[MESSAGE_VERSION] || text<MESSAGE_VERSION>().empty());
 }
@@ -131,8 +133,9 @@ template <class Layout>
 Object *TagValueHeader<Layout>::getFieldCheckNull(int index) const {
   std::size_t const field = checkIndex(index);
   if (!flags_[field])
-    raise<FieldNullException>(tvstring("Attempt to access field '") + Layout::FIELDS[field].name + "' with NULL value",
-                              Layout::Format::HEADER_SOURCE);
+    raise<FieldNullException>(
+        "Attempt to access field '" + const_cast<TagValueHeader *>(this)->getQualifiedName(index) + "' with NULL value",
+        Layout::Format::HEADER_SOURCE);
   return valueOf(field, nullptr);
 }
 template <class Layout>

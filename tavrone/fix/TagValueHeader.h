@@ -59,9 +59,9 @@ class TagTable {
 };
 
 // The standard header of one tag=value format as a record: typed values with a presence flag each, no wrapper kept.
-// Reading and storing by index or name works on those. A Layout gives the format, the names of the class and of the
-// message format, FIELDS, of which the first three are MessageFormat, MessageType and MessageVersion, and SKIPPED_TAGS,
-// those of header fields that are not kept.
+// Reading and storing by index or name works on those. A Layout gives the format, the class, its name and that of
+// the message format, FIELDS, of which the first three are MessageFormat, MessageType and MessageVersion, and
+// SKIPPED_TAGS, those of header fields that are not kept.
 //
 // Getters return the value whatever its flag says; a setter raises the flag. Every operation that takes an index raises
 // FieldNotFoundException "Field index out of bounds" with the Format's HEADER_SOURCE.
@@ -79,7 +79,8 @@ class TAVRONE_API TagValueHeader : public GenericDataObject, public MessageHeade
   tvstring getMessageVersion() override { return text<MESSAGE_VERSION>(); }
   void setMessageVersion(tvstring const &version) { setText(MESSAGE_VERSION, version); }
   tvstring getHeaderField(tvstring const &name) override;
-  // Unless a field of the first three was made null, which its getter doesn't mind.
+  // Unless a field of the first three was made null, which its getter doesn't mind. A subclass may have getters of its
+  // own.
   bool tellsItsFields() const override;
 
   // As a new header: MessageFormat alone is set.

@@ -69,22 +69,26 @@ std::string_view TagValueTokenizer<Format>::nextToken() {
 
 template <class Format>
 std::string_view TagValueTokenizer<Format>::nextToken(int n) {
-  size_t const length = static_cast<size_t>(length_);
   size_t const equals = message_.find('=', static_cast<size_t>(currentIndex_));
-  size_t const valueStart = std::min(equals, length - 1) + 1;
-  if (n < 0 || static_cast<size_t>(n) >= length - valueStart)
+  size_t const valueStart = std::min(equals, static_cast<size_t>(length_) - 1) + 1;
+  int end;
+  bool const isPossible = n >= 0 && !__builtin_add_overflow(valueStart, n, &end);
+  if (isPossible) {
+    tokenStart_ = currentIndex_;
+    currentIndex_ = static_cast<int>(valueStart);  // stays there if the length is wrong
+    forgetEnds();
+  }
+  if (!isPossible || end >= length_)
     raise<typename Format::ParsingException>("Unexpected end of input while looking for data",
                                              Format::TOKENIZER_SOURCE);
-  size_t const end = valueStart + static_cast<size_t>(n);
-  if (message_[end] != delimiter_)
+  if (message_[static_cast<size_t>(end)] != delimiter_)
     raise<typename Format::ParsingException>(
         "Blob type tag value pair has incorrect data length, character after the specified length is not the SOH "
         "character",
         Format::TOKENIZER_SOURCE);
-  tokenStart_ = currentIndex_;
-  currentIndex_ = static_cast<int>(end) + 1;
+  currentIndex_ = end + 1;
   forgetEnds();
-  return {message_.data() + tokenStart_, end - static_cast<size_t>(tokenStart_)};
+  return {message_.data() + tokenStart_, static_cast<size_t>(end - tokenStart_)};
 }
 
 template <class Format>

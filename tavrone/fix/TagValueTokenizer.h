@@ -38,7 +38,8 @@ class TAVRONE_API TagValueTokenizer {
   // The same for a field whose value is exactly dataLength bytes and may hold the delimiter. Raises "Length based tag
   // not supported here" while a field is handed back, "Unexpected end of input while looking for data" for a length
   // that is negative or leads past the end, and "Blob type tag value pair has incorrect data length, ..." if no
-  // delimiter follows; none of these moves the position.
+  // delimiter follows. A length that is negative or past an int moves nothing; after any other wrong one the position
+  // is behind the '='.
   bool nextDataTag(TagValuePair &pair, int dataLength);
 
   // The next call of next() gives this pair. Only the last one is kept.

@@ -11,14 +11,14 @@ AbstractInputFormat::~AbstractInputFormat() noexcept(false) = default;
 
 DataObject *AbstractInputFormat::handleInput(InputSource &input, TransformContext &context) {
   DataObject *const object = createInputObject();
-  object->addRef();  // while it is parsed into; handed out without
+  ObjectRef::addRef(object);  // while it is parsed into; handed out without
   try {
     parseInput(input, object, context);
   } catch (...) {
-    object->releaseRef();
+    ObjectRef::releaseRef(object);
     throw;
   }
-  object->decRef();
+  if (object != nullptr) object->decRef();
   return object;
 }
 

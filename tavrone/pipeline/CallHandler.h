@@ -48,7 +48,7 @@ auto collecting(Body const &body) -> Result<decltype(body(CallHandler()))> {
     auto value = body(CallHandler{&handler, false});
     return {std::move(value), std::move(handler.getExceptions())};
   } catch (...) {
-    deleteAll(handler.getExceptions());
+    deleteOwned(handler.getExceptions());
     throw;
   }
 }

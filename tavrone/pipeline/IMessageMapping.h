@@ -20,7 +20,7 @@ class TAVRONE_API IMessageMapping : public IService {
   virtual tvstring getSourceMessageName() = 0;
   virtual tvstring getDestinationMessageName() = 0;
   // For generated code; nothing in the library asks. Borrowed, may be null.
-  virtual MappingInfo *getMappingInfo() = 0;
+  virtual MappingInfo *getMappingInfo() { return nullptr; }
 };
 
 // The base of generated mappings, which implement map.
@@ -30,7 +30,6 @@ class TAVRONE_API AbstractMessageMapping : public IMessageMapping {
 
   tvstring getSourceMessageName() override { return sourceMessageName; }
   tvstring getDestinationMessageName() override { return destinationMessageName; }
-  MappingInfo *getMappingInfo() override { return nullptr; }
 
   void setSourceMessageName(tvstring const &messageName) { sourceMessageName = messageName; }
   void setDestinationMessageName(tvstring const &messageName) { destinationMessageName = messageName; }
@@ -60,6 +59,7 @@ class TAVRONE_API INormalizedObjectMappingFormat : public IService {
 // The base of generated mapping formats, which implement map for one object.
 class TAVRONE_API AbstractNormalizedObjectMappingFormat : public INormalizedObjectMappingFormat {
  public:
+  AbstractNormalizedObjectMappingFormat(tvstring const &sourceMessageName, tvstring const &destinationMessageName);
   ~AbstractNormalizedObjectMappingFormat() noexcept(false) override;
 
   // What was mapped before a failure is freed.
@@ -70,9 +70,6 @@ class TAVRONE_API AbstractNormalizedObjectMappingFormat : public INormalizedObje
 
   // Made on first need.
   SmartPtr<ILookupContext> getLookupContext();
-
- protected:
-  AbstractNormalizedObjectMappingFormat(tvstring const &sourceMessageName, tvstring const &destinationMessageName);
 
  private:
   tvstring sourceMessageName_;

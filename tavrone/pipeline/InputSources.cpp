@@ -20,6 +20,14 @@ int asLength(size_t size) {
   return static_cast<int>(size);
 }
 
+// What the source gives as bytes, shared where they are its own: a subclass may have others.
+Binary binaryOf(InputSource &source, Binary const &own) {
+  int length = 0;
+  char const *const bytes = source.getAsBytes(length);
+  Binary const given(bytes, atLeastZero(length), false);
+  return given.data() == own.data() && given.length() == own.length() ? own.counted() : given.counted();
+}
+
 struct CloseFile {
   void operator()(FILE *file) const { std::fclose(file); }
 };
@@ -54,7 +62,7 @@ char const *ByteArrayInputSource::getAsBytes(int &length) {
 }
 
 Binary ByteArrayInputSource::getAsBinary() {
-  return bytes_.counted();
+  return binaryOf(*this, bytes_);
 }
 
 StringInputSource::StringInputSource(tvstring const &text) : text_(text) {}
@@ -68,7 +76,7 @@ char const *StringInputSource::getAsBytes(int &length) {
 }
 
 Binary StringInputSource::getAsBinary() {
-  return Binary(text_).counted();
+  return binaryOf(*this, Binary(text_));
 }
 
 FileInputSource::FileInputSource(tvstring const &path) {
@@ -94,7 +102,7 @@ char const *FileInputSource::getAsBytes(int &length) {
 }
 
 Binary FileInputSource::getAsBinary() {
-  return buffer_;
+  return binaryOf(*this, buffer_);
 }
 
 }  // namespace tavrone

@@ -27,6 +27,12 @@ int checkedSize(long long size) {
 }  // namespace
 
 OutputDevice::~OutputDevice() noexcept(false) = default;
+
+DeviceInfo const &OutputDevice::getDeviceInfo() {
+  static DeviceInfo const none{tvstring(), tvstring(), tvstring()};
+  return none;
+}
+
 AbstractOutputDevice::~AbstractOutputDevice() noexcept(false) = default;
 
 ByteArrayOutputDevice::ByteArrayOutputDevice(DeviceInfo const &deviceInfo) : AbstractOutputDevice(deviceInfo) {}

@@ -49,7 +49,8 @@ class TAVRONE_API OutputDevice : public Object {
   // left out when the write fails. What a device raises reaches the caller.
   virtual void write(char const *bytes, int length) = 0;
   virtual void close() = 0;
-  virtual DeviceInfo const &getDeviceInfo() = 0;
+  // What the device was made for; three empty texts unless overridden.
+  virtual DeviceInfo const &getDeviceInfo();
 };
 
 // A device that knows what it was made for.

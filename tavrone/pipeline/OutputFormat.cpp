@@ -18,11 +18,7 @@ class Destination {
   Destination(ILookupContext &directory, TransformContext &context)
       : info_(deviceInfo(context)), protocol_(directory.lookupOutputProtocol(info_.getDeviceName())) {}
 
-  void send(tvstring const &text, TransformContext &context) {
-    OutputDevice *const device = protocol_->createDevice(info_, context);
-    writeAll(*device, text);
-    device->close();
-  }
+  OutputDevice *open(TransformContext &context) { return protocol_->createDevice(info_, context); }
 
  private:
   static DeviceInfo deviceInfo(TransformContext &context) {
@@ -35,6 +31,11 @@ class Destination {
   DeviceInfo info_;
   IOutputProtocol *protocol_;
 };
+
+void deliver(tvstring const &text, OutputDevice *device) {
+  writeAll(*device, text);
+  device->close();
+}
 
 }  // namespace
 
@@ -63,7 +64,8 @@ void AbstractOutputFormat::write(DataObject *source, TransformContext &context) 
     SmartPtr<DataObject> const trailer(createTrailer());
     mapTrailer(source, data.get(), trailer.get(), context);
     ExternalObject object(header.get(), data.get(), trailer.get());
-    destination.send(writeOutput(object, context), context);
+    tvstring const text = writeOutput(object, context);
+    deliver(text, destination.open(context));
   } catch (TransformException &e) {
     e.setErrorPhase(ExceptionObject::OUTPUT_PHASE);
     throw;
@@ -82,7 +84,8 @@ tvstring AbstractOutputFormat::writeOutput(ExternalObject &object, TransformCont
 
 void SimpleXMLOutputFormat::write(DataObject *source, TransformContext &context) {
   Destination destination(*lookupContext_, context);
-  destination.send(source->toXMLString(), context);
+  OutputDevice *const device = destination.open(context);
+  deliver(source->toXMLString(), device);
 }
 
 }  // namespace tavrone

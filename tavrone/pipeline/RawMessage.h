@@ -69,6 +69,11 @@ class TAVRONE_API RawMessageObject : public WrapperObject {
  public:
   RawMessageObject() = default;
   RawMessageObject(RawMessage const &value) : value_(value) {}
+  RawMessageObject(RawMessageObject const &) = default;
+  RawMessageObject &operator=(RawMessageObject const &other) {
+    setRawMessage(other.value_);
+    return *this;
+  }
   ~RawMessageObject() noexcept(false) override;
 
   RawMessage const &getValue() const { return value_; }

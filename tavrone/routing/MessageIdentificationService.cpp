@@ -21,7 +21,7 @@ MessageIdentificationService *defaultService = nullptr;
 
 class MessageIdentificationService::Identifiers : public ObjectRef {
  public:
-  ~Identifiers() noexcept(false) override { deleteAll(list); }
+  ~Identifiers() noexcept(false) override { deleteOwned(list); }
 
   std::vector<MessageIdentifier *> list;
 };

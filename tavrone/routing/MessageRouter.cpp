@@ -57,7 +57,7 @@ void MessageRouter::addMessageConfiguration(MessageConfiguration *configuration)
 }
 
 void MessageRouter::clear() {
-  deleteAll(messageConfigurations_);
+  deleteOwned(messageConfigurations_);
 }
 
 MessageConfiguration *MessageRouter::getMessageConfiguration(InputSource &input) const {

@@ -5,9 +5,12 @@
 
 namespace tavrone {
 
+class SIACCanonicalHeader;
+
 // The fields of the header by their indexes, and their tags.
 struct TAVRONE_API SIACCanonicalHeaderLayout {
   using Format = SIACCanonicalFormat;
+  using Header = SIACCanonicalHeader;
 
   enum Field {
     CANONICAL_VERSION = 3,

@@ -91,6 +91,10 @@ void UniversalInputRecord::init(Binary const &binary) {
 
 void UniversalInputRecord::init(tvstring const &message, Binary const &binary, int start, int length,
                                 UniversalInputRecord *enclosing) {
+  if (message.empty() != binary.empty()) {
+    Binary const whole = message.empty() ? binary : Binary(message);
+    return init(whole.asText(), whole, start, length, enclosing);
+  }
   adopt(message, binary, start, assertRange(message, binary, start, length), enclosing);
 }
 
@@ -118,6 +122,10 @@ void UniversalInputRecord::adopt(tvstring const &message, Binary const &binary, 
 void UniversalInputRecord::init(tvstring const &message, Binary const &binary, int start, int length,
                                 tvstring const &delimiter, bool recordFlag, bool dropLastDelimiter,
                                 UniversalInputRecord *enclosing) {
+  if (message.empty() != binary.empty()) {
+    Binary const whole = message.empty() ? binary : Binary(message);
+    return init(whole.asText(), whole, start, length, delimiter, recordFlag, dropLastDelimiter, enclosing);
+  }
   int const end = assertRange(message, binary, start, length);
   UniversalRecord::init(delimiter, recordFlag, dropLastDelimiter);
   adopt(message, binary, start, end, enclosing);

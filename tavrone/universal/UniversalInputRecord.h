@@ -33,8 +33,8 @@ class TAVRONE_API UniversalInputRecord : public UniversalRecord {
   // The whole message. Bytes that nobody counts are copied, or the texts handed out could outlive them. Raises "Out of
   // bounds" for more than an int's worth.
   void init(Binary const &binary);
-  // The bytes [start, start + length) of a message that is given as text and as bytes. The enclosing record is the one
-  // that this one was cut from, borrowed, null for none.
+  // The bytes [start, start + length) of a message that is given as text and as bytes; where one of them is empty, the
+  // other stands for both. The enclosing record is the one that this one was cut from, borrowed, null for none.
   void init(tvstring const &message, Binary const &binary, int start, int length, UniversalInputRecord *enclosing);
   void init(tvstring const &message, Binary const &binary, int start, int length, tvstring const &delimiter,
             bool recordFlag, bool dropLastDelimiter, UniversalInputRecord *enclosing);

@@ -50,7 +50,7 @@ struct Rule : ICustomClass {
   tvstring toString() const override { return "a rule"; }
 };
 
-UserClass const rule("components.Rule", new Factory<Rule>);
+UserClass const rule("components.Rule", new FactoryOf<Rule>);
 Registrar const components([] {
   bindFactory<ExternalMessage>("components.external");
   bindFactory<InternalMessage>("components.internal");

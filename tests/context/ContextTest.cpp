@@ -48,7 +48,7 @@ TEST(LookupContext, BindTakesOverWhatItRefuses) {
 
 TEST(UserClassManager, TheLastRegistrationWins) {
   UserClass const first("test.Class", new Factory);
-  UserClass const second("test.Class", new ::tavrone::Factory<TestFormat>);
+  UserClass const second("test.Class", new FactoryOf<TestFormat>);
   EXPECT_EQ(Factory::alive, 0);
   auto *factory = new Factory;
   UserClassManager::registerClass("test.Class", factory);

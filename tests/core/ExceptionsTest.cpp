@@ -133,7 +133,7 @@ TEST(TransformExceptions, CarryOneRecord) {
   ExceptionDataObject const &last = *list[1];
   EXPECT_TRUE(typeid(last) == typeid(ExceptionDataObject));
   EXPECT_EQ(last.getFFieldName(), "F1");
-  deleteAll(list);
+  deleteOwned(list);
 }
 
 TEST(TransformExceptions, KeepContextPropertiesThatAreNotEmpty) {

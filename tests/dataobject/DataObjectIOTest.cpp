@@ -194,6 +194,17 @@ TEST(DataObjectIO, ValuesAreWrittenByTheTypeText) {
     DataObjectIO::writeField(buffer, const_cast<Object *>(&c.value), c.type);
     EXPECT_EQ(hexOf(buffer), c.hex) << c.type;
   }
+  // Records and sections by their class, whatever the text says.
+  GeneratedLeg leg;
+  leg.setField(0, StringObject("a"));
+  GeneratedOrder order;
+  addLeg(order, 1);
+  SmartPtr<Object> const legs(order.getField(order.getFieldIndex("Legs")));
+  ByteBuffer parts, expected;
+  for (char const *type : {"Integer", "DataObject"}) DataObjectIO::writeField(parts, &leg, type);
+  DataObjectIO::writeField(parts, legs.get(), "Section");
+  DataObjectIO::write(order.getSection("Legs")->getElement(0), expected);
+  EXPECT_EQ(hexOf(parts), hexOf(&leg) + hexOf(&leg) + "01" + hexOf(expected));
   ByteBuffer buffer;
   EXPECT_EQ(failureOf<TransformException>([&] {
               StringObject text("1");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <climits>
 #include <string>
 
 #include "tavrone/core/Conversion.h"
@@ -40,16 +41,16 @@ struct TagValueReference {
     if (at == text.size()) return shown("");
     size_t const equals = text.find('=', at);
     size_t const from = equals == std::string::npos ? text.size() : equals + 1;
-    if (length < 0 || static_cast<size_t>(length) >= text.size() - from)
-      return shown("Unexpected end of input while looking for data");
-    size_t const end = from + static_cast<size_t>(length);
+    size_t const start = at;
+    size_t const end = from + static_cast<size_t>(std::max(length, 0));
+    if (length >= 0 && end <= INT_MAX) at = from;
+    if (length < 0 || end >= text.size()) return shown("Unexpected end of input while looking for data");
     if (text[end] != delimiter)
       return shown(
           "Blob type tag value pair has incorrect data length, character after the specified length is not the SOH "
           "character");
-    std::string const token = text.substr(at, end - at);
     at = end + 1;
-    return field(token);
+    return field(text.substr(start, end - start));
   }
 
   std::string field(std::string const &token) const {

@@ -78,15 +78,22 @@ TYPED_TEST(TagValue, ReadsEveryFormOfFieldByTheRules) {
       }
 }
 
-TYPED_TEST(TagValue, ReadsDataByItsLengthAndMovesForNoWrongOne) {
+TYPED_TEST(TagValue, ReadsDataByItsLength) {
   std::string const text = "95=3|96=a|=|10=1|";
   typename TypeParam::Tokenizer tokens(UnownedText(text), '|');
   TagValueReference reference{text, '|'};
-  for (int length : {1, -1, INT_MIN, 13, INT_MAX, 2, 3, 1, 1}) {
+  // A wrong length that is possible leaves the position behind the '='.
+  for (int length : {1, -1, INT_MIN, INT_MAX, 3, 1, 13, 1, 1}) {
     EXPECT_EQ(shownStep(tokens, [&](auto &pair) { return tokens.nextDataTag(pair, length); }),
               reference.nextData(length));
   }
-  EXPECT_EQ(tokens.getCurrentIndex(), 17);
+  for (auto const &[length, position] : {std::pair(-1, 0), {2, 3}, {20, 8}}) {
+    typename TypeParam::Tokenizer from(UnownedText(text.substr(0, 9)), '|');
+    TagValuePair pair;
+    if (position == 8) from.next(pair);
+    EXPECT_THROW(from.nextDataTag(pair, length), TransformException);
+    EXPECT_EQ(from.getCurrentIndex(), position);
+  }
   tokens.pushBack({1, "x"});
   TestFixture::expectFailure("Length based tag not supported here", "Tokenizer", [&] {
     typename TypeParam::Tokenizer::TagValuePair pair;
@@ -227,6 +234,11 @@ TYPED_TEST(TagValue, ReachesHeaderFieldsByIndexWithoutCoupling) {
   EXPECT_TRUE(header.isNull(number) && header.getField(number) == nullptr && !header.getField(number, value));
   EXPECT_FAILURE(FieldNullException, header.getFieldCheckNull(number),
                  "Attempt to access field '" + str(header.getFieldName(number)) + "' with NULL value");
+  DataObjectSectionImpl section(nullptr, "s", 0, -1);
+  header.setParentSection(&section);
+  EXPECT_FAILURE(FieldNullException, header.getFieldCheckNull(number),
+                 "Attempt to access field 's." + str(header.getFieldName(number)) + "' with NULL value");
+  header.setParentSection(nullptr);
   EXPECT_EQ(copy.getFieldCheckNullVal(number)->getInt(), 5);
   EXPECT_EQ(str(header.getHeaderField("Unknown")), "");
   for (int index : {-1, number + 5, INT_MAX})

@@ -173,9 +173,18 @@ TEST_F(OutputFormat, HandsNullPartsToTheWriterByDefault) {
   }
 }
 
-TEST_F(OutputFormat, WritesTheSourceAsXml) {
+TEST_F(OutputFormat, WritesTheSourceAsXmlBehindItsDevice) {
+  struct Source : Line {
+    tvstring toXMLString() override {
+      step("xml");
+      return "<s/>";
+    }
+    using Line::toXMLString;
+  };
   SmartPtr<IOutputFormat> const format = new SimpleXMLOutputFormat;
   EXPECT_EQ(write(*format), "device " + str(line("s")->toXMLString()));
+  SmartPtr<DataObject> const source = new Source;
+  EXPECT_EQ(traced([&] { format->write(source.get(), context); }), "device xml ");
 }
 
 }  // namespace

@@ -57,6 +57,11 @@ TEST(InputSource, SharesCountedStorageAndCopiesTheRest) {
     EXPECT_EQ(str(value), std::string(bytes, static_cast<size_t>(length)));
     EXPECT_EQ(str(source->getAsString("UTF-16")), str(value));
   }
+  struct Upper : StringInputSource {
+    Upper() : StringInputSource("text") {}
+    char const *getAsBytes(int &length) override { return StringInputSource::getAsBytes(length), "TEXT"; }
+  };
+  EXPECT_EQ(str(Upper().getAsBinary()), "TEXT");
 }
 
 TEST(ByteArrayInputSource, CopiesFreeEachBufferOnce) {

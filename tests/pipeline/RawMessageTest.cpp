@@ -116,8 +116,13 @@ TEST(RawMessageObject, WrapsAMessageWithoutCopyingIt) {
   object.setRawMessage(other);
   EXPECT_EQ(message->getRefCount(), 3);
   RawMessageObject only(new StringInputSource("only"));
-  only.setObject(&only);
-  EXPECT_EQ(str(only.toString()), "only");
+  RawMessageObject const &itself = only;
+  only.setObject(&itself);
+  only = itself;
+  TList<RawMessage> list;
+  list.add(only.getValue());
+  list.set(0, list[0]);
+  EXPECT_EQ(str(only.toString() + list[0]->getAsString()), "onlyonly");
   IntObject const number(1);
   EXPECT_FAILURE(TransformException, target.setObject(&number), "Cannot convert Integer to RawMessage");
 }

@@ -38,7 +38,7 @@ auto valueInThreeForms(ExceptionHandler *&stored, Plain plain, Handled handled, 
   handled("a!b!", &handler);
   EXPECT_EQ(stored, &handler) << "an explicit handler stays";
   EXPECT_EQ(handler.getExceptions().size(), 2u);
-  deleteAll(handler.getExceptions());
+  deleteOwned(handler.getExceptions());
   auto const result = collected("a!b!");
   EXPECT_EQ(result.exceptions.size(), 2u);
   EXPECT_EQ(stored, ExceptionHandler::DRACONIAN_EXCEPTION_HANDLER) << "a local one goes";

@@ -140,8 +140,8 @@ std::string useDirectory() {
   scope.directory->bind(TWO, new ContextOutputProtocol);
   scope.directory->rebind(TWO, new ContextOutputProtocol);
   scope.directory->rebind(ONE, new IntObject(2));
-  UserClassManager::registerClass(MADE, new Factory<StringObject>);
-  UserClassManager::registerClass(MADE, new Factory<IntObject>);
+  UserClassManager::registerClass(MADE, new FactoryOf<StringObject>);
+  UserClassManager::registerClass(MADE, new FactoryOf<IntObject>);
   SmartPtr<Object> const made = UserClassManager::createInstance(MADE);
   return str(scope.directory->lookup(ONE)->toString() + made->toString());
 }
@@ -254,7 +254,7 @@ std::string useNumbers() {
 // The table keeps a name that it was once told, so that no second use is like the first.
 TEST_F(AllocationFailure, OfTheNameOfAClassReleasesItsFactory) {
   long const before = heap::alive;
-  EXPECT_FALSE(isPast(1, false, [] { UserClassManager::registerClass(ATTACHED, new Factory<StringObject>); }));
+  EXPECT_FALSE(isPast(1, false, [] { UserClassManager::registerClass(ATTACHED, new FactoryOf<StringObject>); }));
   EXPECT_EQ(heap::alive, before);
 }
 

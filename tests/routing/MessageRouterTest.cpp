@@ -164,5 +164,20 @@ TEST(MessageConfiguration, ComparesExactlyAndOnlyWhatIsSet) {
   EXPECT_EQ(header->reads, (std::map<tvstring, int>{{"MessageFormat", 1}, {"MessageVersion", 1}}));
 }
 
+// A header is what its fields say, also where a subclass answers otherwise.
+TEST(MessageConfiguration, ReadsTheFieldsOfSubclassesToo) {
+  struct Renamed : FIXHeader {
+    tvstring getMessageType() override { return "renamed"; }
+  };
+  FIXHeader plain;
+  Renamed renamed;
+  for (FIXHeader *header : {&plain, static_cast<FIXHeader *>(&renamed)}) {
+    header->setMsgType("D");
+    MessageConfiguration configuration;
+    configuration.setMessageType("D");
+    EXPECT_TRUE(configuration.isMatch(header));
+  }
+}
+
 }  // namespace
 }  // namespace tavrone

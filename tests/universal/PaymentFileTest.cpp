@@ -38,7 +38,7 @@ std::string parsed(std::vector<std::string> const &lines) {
   for (ExceptionDataObject const *failure : handler.getExceptions())
     shown += '|' + std::to_string(failure->getLine()) + ':' + std::to_string(failure->getColumn()) + ' ' +
              (failure->isNull(5) ? "" : str(failure->getFFieldName()) + ' ') + str(failure->getMessage());
-  deleteAll(handler.getExceptions());
+  deleteOwned(handler.getExceptions());
   return shown;
 }
 std::string parsedWith(size_t line, size_t at, std::string const &text) {

@@ -129,6 +129,12 @@ TEST(UniversalInputRecord, CutsRecordsThatShareTheMessage) {
   child.init(Binary(bytes.data(), 2, false));  // nobody counts these: a copy
   EXPECT_NE(child.peekRest().data(), bytes.data());
   tvstring const text("abc");
+  for (auto const &[given, raw] : {std::pair(text, Binary()), {tvstring(), Binary(text)}}) {
+    inner.init(given, raw, 1, 2, nullptr);
+    std::string const first = str(inner.getString(1));
+    EXPECT_EQ(first + str(inner.getBinaryBinary(1)), "bc");
+  }
+  inner.init(text, text, 2, 1, ";;", true, false, nullptr);
   for (auto const &[start, length] : {std::pair(0, 4), {-1, 1}, {4, 0}, {1, -1}, {2, INT_MAX}, {INT_MAX, INT_MAX}}) {
     auto const init = [&, from = start, n = length] { inner.init(text, text, from, n, "x", true, true, nullptr); };
     EXPECT_EQ(failureOf<TransformException>(init).source, "cpp/universal/UniversalInputRecord");
