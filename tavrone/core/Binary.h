@@ -87,8 +87,7 @@ class TAVRONE_API Binary {
   // n / 4 * 3 + max(n % 4 - 1, 0) bytes.
   static Binary fromBase64String(tvstring const &text);
 
- protected:
-  // As the members of tvstring of those names: the first two do not release what the value held.
+  // For subclasses, as the members of tvstring of those names: the first two do not release what the value held.
   void init(char const *bytes, size_t n) { bytes_.init(bytes, n); }
   void copyToThis(Binary const &other) noexcept { bytes_.copyToThis(other.bytes_); }
   void clean() noexcept { bytes_.clean(); }

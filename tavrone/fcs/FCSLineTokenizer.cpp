@@ -113,7 +113,7 @@ tvstring const &FCSLineTokenizer::getNextToken(int n) {
 }
 
 void FCSLineTokenizer::skip(int n) {
-  if (n > 0 && hasMoreTokens()) currentToken_ = n < tokenCount_ - currentToken_ ? currentToken_ + n : tokenCount_;
+  if (n > 0 && hasMoreTokens()) moveTo(std::min<long long>(static_cast<long long>(currentToken_) + n, tokenCount_));
 }
 
 int FCSLineTokenizer::columnOf(int end) const {
@@ -123,8 +123,8 @@ int FCSLineTokenizer::columnOf(int end) const {
 }
 
 tvstring FCSLineTokenizer::peekRest() const {
-  if (!hasMoreTokens()) return tvstring();
-  return line_.substr(static_cast<size_t>(peekNextToken().data() - line_.data()));
+  if (nextPlace() >= tokenCount_) return tvstring();
+  return line_.substr(static_cast<size_t>(token(nextPlace()).data() - line_.data()));
 }
 tvstring FCSLineTokenizer::getRest() {
   tvstring rest = peekRest();
@@ -135,11 +135,11 @@ tvstring FCSLineTokenizer::getRest() {
 // The text from the next token through the last one before `end`.
 tvstring FCSLineTokenizer::run(long long end) const {
   long long const last = std::min<long long>(end, tokenCount_) - 1;
-  return last < currentToken_ ? tvstring() : peekNextToken().span(token(last));
+  return last < nextPlace() ? tvstring() : token(nextPlace()).span(token(last));
 }
 tvstring FCSLineTokenizer::getTillToken(int i) {
   tvstring text = run(i);
-  if (i > currentToken_) skip(i - currentToken_);
+  if (i > currentToken_ && hasMoreTokens()) moveTo(std::min(i, tokenCount_));
   return text;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <climits>
 
@@ -11,7 +12,8 @@ namespace tavrone {
 // nothing allocated. Meant to be kept and given one line after the other.
 //
 // A space separates, several as one; a tab is a token character. A line holds 47 tokens, the last of which must run to
-// the line's end. A token that does not exist reads as empty text. Token numbers are 0-based.
+// the line's end. A token that does not exist reads as empty text, also where the cursor was sent to before the first.
+// Token numbers are 0-based.
 //
 // References to tokens and to the line are good until the next setString. Failures are FCSParseExceptions; those of
 // an operation that is not static carry the line and the column, and leave the tokenizer as it was.
@@ -129,7 +131,9 @@ class TAVRONE_API FCSLineTokenizer {
   tvstring const &token(long long i) const {
     return i >= 0 && i < tokenCount_ ? tokens_.places[static_cast<size_t>(i)] : tvstring::EMPTY;
   }
-  void moveTo(long long place) { currentToken_ = static_cast<int>(place < 0 ? 0 : place > INT_MAX ? INT_MAX : place); }
+  void moveTo(long long place) { currentToken_ = static_cast<int>(std::clamp<long long>(place, INT_MIN, INT_MAX)); }
+  // The next token that exists, if any does.
+  int nextPlace() const { return std::max(currentToken_, 0); }
   // Constructs those that are missing and destroys those that are too many.
   void setTokenCount(size_t count);
   tvstring run(long long end) const;

@@ -6,6 +6,7 @@ namespace tavrone {
 
 FIXHeader::FIXHeader() = default;
 FIXHeader::FIXHeader(FIXHeader const &other) : Object(), ObjectRef(), TagValueHeader(other) {}
+FIXHeader &FIXHeader::operator=(FIXHeader const &other) = default;
 FIXHeader::~FIXHeader() noexcept(false) = default;
 
 Object *FIXHeader::clone() const {

@@ -60,6 +60,7 @@ class TAVRONE_API FIXHeader : public TagValueHeader<FIXHeaderLayout> {
  public:
   FIXHeader();
   FIXHeader(FIXHeader const &other);
+  FIXHeader &operator=(FIXHeader const &other);
   ~FIXHeader() noexcept(false) override;
 
   Object *clone() const override;

@@ -66,6 +66,13 @@ TagValueHeader<Layout>::TagValueHeader(TagValueHeader const &other)
       numbers_(other.numbers_),
       flags_(other.flags_) {}
 template <class Layout>
+TagValueHeader<Layout> &TagValueHeader<Layout>::operator=(TagValueHeader const &other) {
+  texts_ = other.texts_;
+  numbers_ = other.numbers_;
+  flags_ = other.flags_;
+  return *this;
+}
+template <class Layout>
 TagValueHeader<Layout>::~TagValueHeader() noexcept(false) = default;
 
 template <class Layout>

@@ -128,6 +128,8 @@ class TAVRONE_API TagValueHeader : public GenericDataObject, public MessageHeade
  protected:
   TagValueHeader();
   TagValueHeader(TagValueHeader const &other);
+  // Takes the values and their flags.
+  TagValueHeader &operator=(TagValueHeader const &other);
 
   template <int Field>
   tvstring const &text() const {

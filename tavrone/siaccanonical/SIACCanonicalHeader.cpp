@@ -7,6 +7,7 @@ namespace tavrone {
 SIACCanonicalHeader::SIACCanonicalHeader() = default;
 SIACCanonicalHeader::SIACCanonicalHeader(SIACCanonicalHeader const &other)
     : Object(), ObjectRef(), TagValueHeader(other) {}
+SIACCanonicalHeader &SIACCanonicalHeader::operator=(SIACCanonicalHeader const &other) = default;
 SIACCanonicalHeader::~SIACCanonicalHeader() noexcept(false) = default;
 
 Object *SIACCanonicalHeader::clone() const {

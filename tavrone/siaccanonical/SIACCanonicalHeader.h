@@ -49,6 +49,7 @@ class TAVRONE_API SIACCanonicalHeader : public TagValueHeader<SIACCanonicalHeade
  public:
   SIACCanonicalHeader();
   SIACCanonicalHeader(SIACCanonicalHeader const &other);
+  SIACCanonicalHeader &operator=(SIACCanonicalHeader const &other);
   ~SIACCanonicalHeader() noexcept(false) override;
 
   Object *clone() const override;

@@ -158,8 +158,18 @@ TEST(FCSLineTokenizer, MovesByTokens) {
   t.reset(1);
   EXPECT_EQ(joined({t.getNextToken(1), t.peekNextToken()}), "IBM|AT|");
   t.skip(100);
-  EXPECT_EQ(joined({t.previousToken(1), t.peekToken(INT_MAX), t.getNextToken(INT_MIN), t.peekNextToken()}),
-            "12|||BUY|");
+  EXPECT_EQ(joined({t.previousToken(1), t.peekToken(INT_MAX), t.getNextToken(INT_MIN), t.peekNextToken()}), "12||||");
+  t.reset();
+  t.pushback("unused");
+  EXPECT_EQ(words(t.mark(), t.hasFullLine(), t.getColumn()), "-1 0 0");
+  EXPECT_EQ(joined({t.peekRest(), t.peekTokenList(2), t.getNextToken(), t.getNextToken()}),
+            "BUY 100  IBM AT 12 |BUY||BUY|");
+  t.reset(INT_MIN);
+  t.pushback("unused");
+  EXPECT_EQ(joined({t.getTillToken(1), t.peekNextToken()}), "BUY|100|");
+  FCSLineTokenizer none(" ");
+  none.pushback("unused");
+  EXPECT_EQ(joined({none.peekRest(), none.getTillToken(3), none.getNextToken()}), "|||");
   EXPECT_EQ(t.getLine(), "BUY 100  IBM AT 12 ");
   EXPECT_FALSE(t.hasFullLine() || t.isEmpty() || t.hasMoreTokens());
   t.setString(t.previousToken(3));

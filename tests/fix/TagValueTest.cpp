@@ -229,6 +229,9 @@ TYPED_TEST(TagValue, ReachesHeaderFieldsByIndexWithoutCoupling) {
   EXPECT_EQ(words(str(text.getString()), value.getInt()), "ab 5");
   SmartPtr<Object> const clone(header.clone());
   auto &copy = dynamic_cast<typename TypeParam::Header &>(*clone);
+  typename TypeParam::Header assigned;
+  assigned = header;
+  EXPECT_EQ(str(assigned.toXMLString()), str(header.toXMLString()));
   header.setField(number, nullptr);
   EXPECT_THROW(header.setField(number, StringObject("5")), TransformException);
   EXPECT_TRUE(header.isNull(number) && header.getField(number) == nullptr && !header.getField(number, value));
