@@ -87,8 +87,9 @@ TYPED_TEST(TagValue, ReadsDataByItsLength) {
     EXPECT_EQ(shownStep(tokens, [&](auto &pair) { return tokens.nextDataTag(pair, length); }),
               reference.nextData(length));
   }
+  std::string const start = text.substr(0, 9);
   for (auto const &[length, position] : {std::pair(-1, 0), {2, 3}, {20, 8}}) {
-    typename TypeParam::Tokenizer from(UnownedText(text.substr(0, 9)), '|');
+    typename TypeParam::Tokenizer from(UnownedText(start), '|');
     TagValuePair pair;
     if (position == 8) from.next(pair);
     EXPECT_THROW(from.nextDataTag(pair, length), TransformException);
