@@ -1,5 +1,6 @@
 #include "tavrone/dataobject/DataObjectIO.h"
 
+#include <algorithm>
 #include <bit>
 #include <climits>
 #include <cstring>
@@ -205,9 +206,15 @@ class Writer {
     auto *const holder = dynamic_cast<SectionObject *>(&value);
     if (holder == nullptr) return this->value(at, value, type);
     DataObjectSection *const section = holder->getSection();
-    int const count = section == nullptr ? 0 : section->getElementCount();
-    at = putFast(room(at, MAX_FAST), static_cast<unsigned>(count));
-    for (int i = 0; i < count; ++i) at = object(at, section->getElement(i), 1);
+    int const count = section == nullptr ? 0 : std::max(section->getElementCount(), 0);
+    auto const elementAt = [section](int i) { return section->getElement(i); };
+    return elements(room(at, MAX_FAST), count, elementAt, 1);
+  }
+  // The elements behind their count. REQUIRES: there is room for the count
+  template <class ElementAt>
+  char *elements(char *at, int count, ElementAt const &elementAt, int depth) {
+    at = putFast(at, static_cast<unsigned>(count));
+    for (int i = 0; i < count; ++i) at = object(at, elementAt(i), depth);
     return at;
   }
   // By the type text alone.
@@ -321,10 +328,7 @@ class Writer {
     }
     template <class ElementAt>
     [[gnu::noinline]] char *elements(char *at, int index, int count, ElementAt elementAt) {
-      if (count <= 0) return at;
-      at = putFast(writer.id(at, index), static_cast<unsigned>(count));
-      for (int i = 0; i < count; ++i) at = writer.object(at, elementAt(i), depth + 1);
-      return at;
+      return count <= 0 ? at : writer.elements(writer.id(at, index), count, elementAt, depth + 1);
     }
     char *other(char *at, int index, FieldMetaInfo const &field, Object &value) {
       at = writer.id(at, index);

@@ -122,13 +122,8 @@ void UniversalInputRecord::adopt(tvstring const &message, Binary const &binary, 
 void UniversalInputRecord::init(tvstring const &message, Binary const &binary, int start, int length,
                                 tvstring const &delimiter, bool recordFlag, bool dropLastDelimiter,
                                 UniversalInputRecord *enclosing) {
-  if (message.empty() != binary.empty()) {
-    Binary const whole = message.empty() ? binary : Binary(message);
-    return init(whole.asText(), whole, start, length, delimiter, recordFlag, dropLastDelimiter, enclosing);
-  }
-  int const end = assertRange(message, binary, start, length);
+  init(message, binary, start, length, enclosing);
   UniversalRecord::init(delimiter, recordFlag, dropLastDelimiter);
-  adopt(message, binary, start, end, enclosing);
 }
 
 // Both views of the message must reach so far; returns the end.
